@@ -1,0 +1,45 @@
+# Compiler and linker settings for everything built for the target (the
+# library, the core stand-in, tests, demo, benchmarks).
+#
+# i386:   32-bit x86, plain i686 code, x87 floating point, no MMX/SSE.
+# native: the build machine's own ABI (x86-64), default code generation.
+
+if(NOT ZPTG_TARGET MATCHES "^(i386|native)$")
+  message(FATAL_ERROR "ZPTG_TARGET must be i386 or native, not '${ZPTG_TARGET}'")
+endif()
+
+if(ZPTG_TARGET STREQUAL "i386")
+  set(ZPTG_ARCH_FLAGS -m32 -march=i686 -mtune=generic -mfpmath=387 -mno-mmx -mno-sse -mno-sse2)
+  add_compile_options(${ZPTG_ARCH_FLAGS})
+  add_link_options(-m32)
+  set(ZPTG_BITS 32)
+else()
+  set(ZPTG_BITS 64)
+endif()
+
+if(ZPTG_SANITIZE)
+  if(NOT ZPTG_TARGET STREQUAL "native")
+    message(FATAL_ERROR "ZPTG_SANITIZE needs ZPTG_TARGET=native")
+  endif()
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# Code that goes into the shipped library: no exceptions, no RTTI, nothing
+# exported unless marked, no dependence on the C++ runtime.
+set(ZPTG_LIB_FLAGS
+    ${ZPTG_WARNINGS}
+    $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>
+    -fvisibility=hidden -fno-plt)
+
+# zptg_add_family(<name> <sources>...): an object library for one family of
+# the shipped library, compiled with the library's settings. Its objects go
+# into libzptgenpx; tests may link the object library's sources' headers.
+function(zptg_add_family name)
+  add_library(${name} OBJECT ${ARGN})
+  set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(${name} PRIVATE ${ZPTG_LIB_FLAGS})
+  target_include_directories(${name} PRIVATE
+      ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
+  set_property(GLOBAL APPEND PROPERTY ZPTG_FAMILY_OBJECT_LIBRARIES ${name})
+endfunction()

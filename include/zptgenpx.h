@@ -1,0 +1,121 @@
+/*
+ * zptgenpx.h - public interface of libzptgenpx.so.6.1
+ *
+ * Fixed-size linear transforms in the generic ("px") variant: plain scalar
+ * code, no vector instructions. Every function returns a zptgStatus; there is
+ * no other way a failure is reported.
+ *
+ * Element kinds: 32f and 64f are plain float and double arrays; 32fc and 64fc
+ * are complex arrays, interleaved with the real part first. No array needs
+ * any alignment beyond that of its element.
+ *
+ * This header is C89 and C++ compatible. The exported functions are declared
+ * through the family lists below (ZPTG_*_FUNCTIONS), which expand one entry
+ * per exported name; the same lists serve callers that want to enumerate the
+ * interface.
+ */
+#ifndef ZPTGENPX_H
+#define ZPTGENPX_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#define ZPTG_API __attribute__((visibility("default")))
+#else
+#define ZPTG_API
+#endif
+
+/* ---- Statuses -------------------------------------------------------- */
+
+typedef int zptgStatus;
+
+enum {
+    zptgStatusOk = 0,
+    zptgStatusNotPlanned = -5, /* a planned transform reached an unplanned step */
+    zptgStatusBadSize = -6,    /* a length, order or size is out of range */
+    zptgStatusNullPtr = -8,    /* a required pointer is null */
+    zptgStatusBadFlag = -16    /* flag is not exactly one of the scale flags */
+};
+
+/* ---- Scale flags: one whole value, never a bit set ------------------- */
+
+enum {
+    zptgScaleFwdByN = 1,  /* the forward transform divides by N */
+    zptgScaleInvByN = 2,  /* the inverse transform divides by N */
+    zptgScaleBySqrtN = 4, /* both directions divide by sqrt(N) */
+    zptgScaleNone = 8     /* no division */
+};
+
+/* ---- Element types ---------------------------------------------------- */
+
+typedef float zptg32f;
+typedef double zptg64f;
+typedef struct { float re; float im; } zptg32fc;
+typedef struct { double re; double im; } zptg64fc;
+
+/* ---- Version ---------------------------------------------------------- */
+
+typedef struct {
+    int versionMajor;
+    int versionMinor;
+    int versionBuild;
+    int versionRevision;
+    char targetText[4];
+    const char* libraryName;
+    const char* versionText;
+    const char* buildDateText;
+} zptgLibVersion;
+
+/* Returns the library's constant version record; never null. */
+ZPTG_API const zptgLibVersion* zptgenGetLibVersion(void);
+
+/* ---- Family lists ----------------------------------------------------- */
+
+/* ZPTG_LENGTHS_2_64(M, a, b, c) expands M(a, b, c, N) for N = 2 .. 64. */
+#define ZPTG_LENGTHS_2_64(M, a, b, c) \
+    M(a,b,c,2)  M(a,b,c,3)  M(a,b,c,4)  M(a,b,c,5)  M(a,b,c,6)  M(a,b,c,7)  M(a,b,c,8)  \
+    M(a,b,c,9)  M(a,b,c,10) M(a,b,c,11) M(a,b,c,12) M(a,b,c,13) M(a,b,c,14) M(a,b,c,15) \
+    M(a,b,c,16) M(a,b,c,17) M(a,b,c,18) M(a,b,c,19) M(a,b,c,20) M(a,b,c,21) M(a,b,c,22) \
+    M(a,b,c,23) M(a,b,c,24) M(a,b,c,25) M(a,b,c,26) M(a,b,c,27) M(a,b,c,28) M(a,b,c,29) \
+    M(a,b,c,30) M(a,b,c,31) M(a,b,c,32) M(a,b,c,33) M(a,b,c,34) M(a,b,c,35) M(a,b,c,36) \
+    M(a,b,c,37) M(a,b,c,38) M(a,b,c,39) M(a,b,c,40) M(a,b,c,41) M(a,b,c,42) M(a,b,c,43) \
+    M(a,b,c,44) M(a,b,c,45) M(a,b,c,46) M(a,b,c,47) M(a,b,c,48) M(a,b,c,49) M(a,b,c,50) \
+    M(a,b,c,51) M(a,b,c,52) M(a,b,c,53) M(a,b,c,54) M(a,b,c,55) M(a,b,c,56) M(a,b,c,57) \
+    M(a,b,c,58) M(a,b,c,59) M(a,b,c,60) M(a,b,c,61) M(a,b,c,62) M(a,b,c,63) M(a,b,c,64)
+
+/*
+ * A fixed-size family is described by FAMILY(K, D): K(stem, kind, type, N)
+ * for each kernel stem_N_kind(src, dst, flag) and D(stem, kind, type) for
+ * its dispatcher stem_kind(src, dst, N, flag).
+ */
+#define ZPTG_FIXED_FAMILY(K, D, stem, kind, type) \
+    ZPTG_LENGTHS_2_64(K, stem, kind, type) D(stem, kind, type)
+
+/* Complex DFT, forward and inverse, N = 2 .. 64. */
+#define ZPTG_DFT_COMPLEX_FUNCTIONS(K, D)                          \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_CToC, 32fc, zptg32fc)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_CToC, 64fc, zptg64fc)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_CToC, 32fc, zptg32fc)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_CToC, 64fc, zptg64fc)
+
+/* ---- Declarations ----------------------------------------------------- */
+
+#define ZPTG_DECLARE_KERNEL_(stem, kind, type, N) \
+    ZPTG_API zptgStatus stem##_##N##_##kind(const type* src, type* dst, int flag);
+#define ZPTG_DECLARE_DISPATCHER_(stem, kind, type) \
+    ZPTG_API zptgStatus stem##_##kind(const type* src, type* dst, int len, int flag);
+
+/*
+ * Complex DFT: zptgDFTFwd_CToC_<N>_<kind>(src, dst, flag) and the
+ * dispatchers zptgDFTFwd_CToC_<kind>(src, dst, N, flag), likewise Inv.
+ * src and dst hold N complex elements; dst may equal src.
+ */
+ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* ZPTGENPX_H */
