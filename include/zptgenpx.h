@@ -114,6 +114,69 @@ ZPTG_API const zptgLibVersion* zptgenGetLibVersion(void);
  */
 ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
 
+/* ---- Walsh-Hadamard transform, orders 1 .. 13 ------------------------ */
+
+/*
+ * zptgWHT_<order>_<kind>: N = 2^order points. Orders 1 .. 7 are single
+ * straight-line kernels; orders 8 .. 13 take a scratch buffer of the size
+ * that zptgWHTGetBufferSize_<kind> reports (null: the kernel allocates one
+ * for the call). The dispatcher zptgWHT_<kind> takes the order between dst
+ * and flag, and hands the buffer on.
+ */
+#define ZPTG_WHT_DIRECT_ORDERS(M, a, b) \
+    M(a,b,1) M(a,b,2) M(a,b,3) M(a,b,4) M(a,b,5) M(a,b,6) M(a,b,7)
+#define ZPTG_WHT_BLOCKED_ORDERS(M, a, b) \
+    M(a,b,8) M(a,b,9) M(a,b,10) M(a,b,11) M(a,b,12) M(a,b,13)
+
+/* ZPTG_WHT_FUNCTIONS(K, B, D, Q): K(kind, type, order) for a direct kernel,
+   B(kind, type, order) for a blocked one, D(kind, type) for the dispatcher,
+   Q(kind) for the buffer-size query. */
+#define ZPTG_WHT_FUNCTIONS(K, B, D, Q)                                      \
+    ZPTG_WHT_DIRECT_ORDERS(K, 32f, zptg32f) ZPTG_WHT_BLOCKED_ORDERS(B, 32f, zptg32f) \
+    D(32f, zptg32f) Q(32f)                                                   \
+    ZPTG_WHT_DIRECT_ORDERS(K, 64f, zptg64f) ZPTG_WHT_BLOCKED_ORDERS(B, 64f, zptg64f) \
+    D(64f, zptg64f) Q(64f)
+
+#define ZPTG_DECLARE_WHT_DIRECT_(kind, type, order) \
+    ZPTG_API zptgStatus zptgWHT_##order##_##kind(const type* src, type* dst, int flag);
+#define ZPTG_DECLARE_WHT_BLOCKED_(kind, type, order) \
+    ZPTG_API zptgStatus zptgWHT_##order##_##kind(const type* src, type* dst, int flag, \
+                                                 type* buffer);
+#define ZPTG_DECLARE_WHT_DISPATCHER_(kind, type) \
+    ZPTG_API zptgStatus zptgWHT_##kind(const type* src, type* dst, int order, int flag, \
+                                       type* buffer);
+#define ZPTG_DECLARE_WHT_BUFFER_SIZE_(kind) \
+    ZPTG_API zptgStatus zptgWHTGetBufferSize_##kind(int order, int* size);
+
+ZPTG_WHT_FUNCTIONS(ZPTG_DECLARE_WHT_DIRECT_, ZPTG_DECLARE_WHT_BLOCKED_,
+                   ZPTG_DECLARE_WHT_DISPATCHER_, ZPTG_DECLARE_WHT_BUFFER_SIZE_)
+
+/* ---- DCT-IV, planned --------------------------------------------------- */
+
+/*
+ * X[k] = sum_j x[j] cos(pi/N (j + 1/2)(k + 1/2)), unscaled, for power-of-two
+ * N. A context lives in one block: ask zptgDCT4GetSize_<kind> for its size,
+ * then build it with zptgDCT4Init_<kind> in your own block or with
+ * zptgDCT4InitAlloc_<kind>, run zptgDCT4_<kind> any number of times, and
+ * release with zptgDCT4Free_<kind> (which hands the block to zptFree).
+ * A context carries scratch: one call at a time per context.
+ */
+typedef struct zptgDCT4Context_32f zptgDCT4Context_32f;
+typedef struct zptgDCT4Context_64f zptgDCT4Context_64f;
+
+/* ZPTG_DCT4_FUNCTIONS(X): X(kind, type, context type) for each kind. */
+#define ZPTG_DCT4_FUNCTIONS(X) \
+    X(32f, zptg32f, zptgDCT4Context_32f) X(64f, zptg64f, zptgDCT4Context_64f)
+
+#define ZPTG_DECLARE_DCT4_(kind, type, context)                                              \
+    ZPTG_API zptgStatus zptgDCT4GetSize_##kind(int length, int* size);                       \
+    ZPTG_API zptgStatus zptgDCT4Init_##kind(context** ppContext, int length, void* pBuffer); \
+    ZPTG_API zptgStatus zptgDCT4InitAlloc_##kind(context** ppContext, int length);           \
+    ZPTG_API zptgStatus zptgDCT4_##kind(const type* src, type* dst, context* pContext);      \
+    ZPTG_API zptgStatus zptgDCT4Free_##kind(context* pContext);
+
+ZPTG_DCT4_FUNCTIONS(ZPTG_DECLARE_DCT4_)
+
 #ifdef __cplusplus
 }
 #endif

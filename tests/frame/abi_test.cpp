@@ -20,9 +20,18 @@ constexpr unsigned kStbLocal = 0;
 // Every name that the families declare in the public header.
 #define ZPTG_NAME_KERNEL(stem, kind, type, N) #stem "_" #N "_" #kind,
 #define ZPTG_NAME_DISPATCHER(stem, kind, type) #stem "_" #kind,
+#define ZPTG_NAME_WHT_KERNEL(kind, type, order) "zptgWHT_" #order "_" #kind,
+#define ZPTG_NAME_WHT_DISPATCHER(kind, type) "zptgWHT_" #kind,
+#define ZPTG_NAME_WHT_BUFFER_SIZE(kind) "zptgWHTGetBufferSize_" #kind,
+#define ZPTG_NAME_DCT4(kind, type, context)                                          \
+    "zptgDCT4GetSize_" #kind, "zptgDCT4Init_" #kind, "zptgDCT4InitAlloc_" #kind,   \
+        "zptgDCT4_" #kind, "zptgDCT4Free_" #kind,
 const char* const kDeclaredNames[] = {
     "zptgenGetLibVersion",
     ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_NAME_KERNEL, ZPTG_NAME_DISPATCHER)
+    ZPTG_WHT_FUNCTIONS(ZPTG_NAME_WHT_KERNEL, ZPTG_NAME_WHT_KERNEL, ZPTG_NAME_WHT_DISPATCHER,
+                       ZPTG_NAME_WHT_BUFFER_SIZE)
+    ZPTG_DCT4_FUNCTIONS(ZPTG_NAME_DCT4)
 };
 
 class SharedObject : public ::testing::Test {
@@ -60,6 +69,8 @@ TEST_F(SharedObject, ExportsExactlyTheDeclaredFunctions)
 {
     const std::set<std::string> declared(std::begin(kDeclaredNames), std::end(kDeclaredNames));
     ASSERT_EQ(declared.size(), std::size(kDeclaredNames)) << "a name is declared twice";
+    // version, complex DFT (4 x 63 + 4), Walsh-Hadamard (2 x 15), DCT-IV (2 x 5)
+    EXPECT_EQ(declared.size(), 1u + 256u + 30u + 10u);
     std::set<std::string> exported;
     for (const auto& s : elf_.dynamic_symbols) {
         if (s.section == 0 || s.binding == kStbLocal || s.name.empty()) continue;
