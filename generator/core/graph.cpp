@@ -1,0 +1,65 @@
+#include "core/graph.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace zptg::gen {
+
+int Graph::intern(const Node& n)
+{
+    const auto key = std::make_tuple(n.op, n.a, n.b, n.constant, n.input);
+    auto [it, inserted] = interned_.emplace(key, int(nodes_.size()));
+    if (inserted) nodes_.push_back(n);
+    return it->second;
+}
+
+int Graph::constant_index(long double magnitude)
+{
+    // Constants are told apart by their value as a 64-bit literal.
+    const double key = double(magnitude);
+    auto [it, inserted] = constant_by_value_.emplace(key, int(constants_.size()));
+    if (inserted) constants_.push_back(magnitude);
+    return it->second;
+}
+
+Real Graph::input(int slot)
+{
+    if (slot >= input_count_) input_count_ = slot + 1;
+    Node n{Op::Input};
+    n.input = slot;
+    return Real{intern(n), false};
+}
+
+Real Graph::add(Real x, Real y)
+{
+    if (x.is_zero()) return y;
+    if (y.is_zero()) return x;
+    if (x.node == y.node && x.neg != y.neg) return Real{};  // x - x
+    Node n{};
+    bool neg = false;
+    if (!x.neg && !y.neg) {
+        n = {Op::Add, x.node, y.node};
+    } else if (!x.neg) {
+        n = {Op::Sub, x.node, y.node};  // x - |y|
+    } else if (!y.neg) {
+        n = {Op::Sub, y.node, x.node};  // y - |x|
+    } else {
+        n = {Op::Add, x.node, y.node};  // -(|x| + |y|)
+        neg = true;
+    }
+    return Real{intern(n), neg};
+}
+
+Real Graph::mul(long double c, Real x)
+{
+    if (!std::isfinite(double(c)) || c == 0) throw std::logic_error("bad constant in a product");
+    if (x.is_zero()) return x;
+    const bool neg = (c < 0) != x.neg;
+    const long double magnitude = std::fabs(c);
+    if (magnitude == 1) return Real{x.node, neg};
+    Node n{Op::Mul, x.node};
+    n.constant = constant_index(magnitude);
+    return Real{intern(n), neg};
+}
+
+}  // namespace zptg::gen

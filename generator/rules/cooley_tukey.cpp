@@ -1,0 +1,65 @@
+// Cooley-Tukey form, N = F S (the prime powers):
+//
+//   input map   n(r, b) = r + S b,   r < S, b < F
+//   stage 1     y[r][k] = DFT_F over b of x[n(r, b)]           (S transforms)
+//   twiddles    z[r][k] = y[r][k] w^(r k),  w = exp(-+2 pi i / N)
+//   stage 2     v[k][j] = DFT_S over r of z[r][k]              (F transforms)
+//   output map  X[k + F j] = v[k][j]
+//
+// A twiddle costs by its exponent e = r k mod N: nothing for e = 0; nothing
+// for e = N/4 or 3N/4 (a swap of parts, its sign going into the next sum);
+// for an odd multiple of N/8 two products with sqrt(1/2), the turn itself
+// being one sum and one difference of the two scaled parts; otherwise the
+// plain complex product, four products and two sums.
+#include "core/number.h"
+#include "rules/transform.h"
+
+namespace zptg::gen {
+namespace {
+
+Cplx twiddle(const ComplexOps& ops, Cplx v, int e, int n, Dir dir)
+{
+    Graph& g = ops.graph();
+    const int sgn = sign_of(dir);
+    e %= n;
+    if (e == 0) return v;
+    if (4 * e == n) return ComplexOps::times_i(v, sgn);
+    if (4 * e == 3 * n) return ComplexOps::times_i(v, -sgn);
+    if (2 * e == n) return ComplexOps::neg(v);
+    if ((8 * e) % n == 0) {
+        // exp(sgn i pi/4 * odd): scale both parts by sqrt(1/2), then turn.
+        const long double h = cos_2pi(1, 8);
+        const Real p = g.mul(h, v.re), q = g.mul(h, v.im);
+        const long double c = cos_2pi(e, n), s = sgn * sin_2pi(e, n);  // each +-sqrt(1/2)
+        // (p + i q)(c' + i s') with c', s' = +-1:
+        const Real re = g.sub(c > 0 ? p : -p, s > 0 ? q : -q);
+        const Real im = g.add(c > 0 ? q : -q, s > 0 ? p : -p);
+        return {re, im};
+    }
+    return ops.rotate(v, cos_2pi(e, n), sgn * sin_2pi(e, n));
+}
+
+}  // namespace
+
+CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
+{
+    const int f = rule.first, s = rule.second, n = rule.n;
+    const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
+    std::vector<CVec> z(s);
+    for (int r = 0; r < s; ++r) {
+        CVec column(f);
+        for (int b = 0; b < f; ++b) column[b] = x[r + s * b];
+        z[r] = transform(ops, first_rule, column, dir);
+        for (int k = 0; k < f; ++k) z[r][k] = twiddle(ops, z[r][k], r * k, n, dir);
+    }
+    CVec X(n);
+    for (int k = 0; k < f; ++k) {
+        CVec row(s);
+        for (int r = 0; r < s; ++r) row[r] = z[r][k];
+        const CVec v = transform(ops, complex_rule(s), row, dir);
+        for (int j = 0; j < s; ++j) X[k + f * j] = v[j];
+    }
+    return X;
+}
+
+}  // namespace zptg::gen
