@@ -9,6 +9,8 @@
 #include "core/analysis.h"
 #include "core/graph.h"
 #include "core/number.h"
+#include "core/transpose.h"
+#include "families/complex_family.h"
 
 namespace zptg::gen {
 namespace {
@@ -121,6 +123,40 @@ TEST(Numbers, ScaleConstantsOfTheKernels)
     EXPECT_EQ(inv_sqrt_n_32(2), 0.70710677f);
     EXPECT_EQ(inv_sqrt_n_32(30), 0.18257418f);
     EXPECT_EQ(inv_n_32(30), 0.033333335f);
+}
+
+TEST(Transpose, ProductsStayAndFanOutBecomesSums)
+{
+    Graph g;
+    const Real a = g.input(0), b = g.input(1);
+    const Real s = g.add(a, b);
+    // y0 = 2 (a + b), y1 = (a + b) - b
+    const std::vector<Real> y = {g.mul(2.0L, s), g.sub(s, b)};
+    const Transposed t = transpose(g, y);
+    ASSERT_EQ(t.outputs.size(), 2u);
+    // M = [[2, 2], [1, 0]], so M^T y' = (2 y0' + y1', 2 y0')
+    const auto v = evaluate(t.graph, t.outputs, {1.5L, 4.0L});
+    EXPECT_EQ(v[0], 7.0L);
+    EXPECT_EQ(v[1], 3.0L);
+    EXPECT_EQ(count(t.graph, t.outputs).products, 1);
+}
+
+TEST(Transpose, TheForwardDftRunBackwardsIsTheInverseDft)
+{
+    // As a real matrix on interleaved parts, the transpose of the forward DFT
+    // is the inverse DFT: running a forward kernel backwards gives an inverse.
+    for (int n : {2, 3, 5, 8, 12, 16, 25, 30}) {
+        const ComplexKernel fwd = build_complex_kernel(n, Dir::Forward);
+        ComplexKernel back;
+        back.n = n;
+        back.dir = Dir::Inverse;
+        Transposed t = transpose(fwd.graph, fwd.outputs);
+        back.graph = std::move(t.graph);
+        back.outputs = std::move(t.outputs);
+        EXPECT_LT(double(complex_kernel_error(back)), 1e-17) << "length " << n;
+        EXPECT_EQ(count(back.graph, back.outputs).products,
+                  count(fwd.graph, fwd.outputs).products);
+    }
 }
 
 }  // namespace
