@@ -1,0 +1,113 @@
+// zptg_bench: times the library's families against their peers and writes
+// tables, CSV files and gnuplot scripts into a results folder.
+//
+//   zptg_bench [--out DIR] [--manifest FILE] [--only PARTS] [--rounds R] [--quick]
+//   zptg_bench --gbench [Google Benchmark options]
+//
+// PARTS is a comma-separated choice of complex, dispatch, accuracy, wht, dct4
+// (default: all that this build has). --gbench runs the complex kernels and
+// scalar FFTW through Google Benchmark's own runner instead, as a cross-check
+// of the interleaved harness.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+
+#include "bench.h"
+#include "gbench.h"
+
+namespace {
+
+using namespace zptg::bench;
+
+std::string cpu_model()
+{
+    std::ifstream in("/proc/cpuinfo");
+    std::string line;
+    while (std::getline(in, line))
+        if (line.rfind("model name", 0) == 0) return line.substr(line.find(':') + 2);
+    return "unknown CPU";
+}
+
+bool wanted(const std::string& only, const char* part)
+{
+    if (only.empty()) return true;
+    const std::string list = "," + only + ",";
+    return list.find(std::string(",") + part + ",") != std::string::npos;
+}
+
+int usage()
+{
+    std::fprintf(stderr,
+                 "usage: zptg_bench [--out DIR] [--manifest FILE] [--only PARTS] [--rounds R] "
+                 "[--quick]\n       zptg_bench --gbench [Google Benchmark options]\n");
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc > 1 && std::strcmp(argv[1], "--gbench") == 0) return run_gbench(argc - 1, argv + 1);
+    Settings s;
+    s.out_dir = ZPTG_BENCH_DEFAULT_OUT;
+    s.manifest = ZPTG_BENCH_MANIFEST;
+    s.configuration = ZPTG_BENCH_CONFIGURATION;
+    std::string only;
+    for (int i = 1; i < argc; ++i) {
+        const std::string a = argv[i];
+        const bool has_value = i + 1 < argc;
+        if (a == "--out" && has_value)
+            s.out_dir = argv[++i];
+        else if (a == "--manifest" && has_value)
+            s.manifest = argv[++i];
+        else if (a == "--only" && has_value)
+            only = argv[++i];
+        else if (a == "--rounds" && has_value)
+            s.plan.rounds = std::atoi(argv[++i]);
+        else if (a == "--quick")
+            s.quick = true;
+        else
+            return usage();
+    }
+    if (s.quick) {
+        s.plan.rounds = 7;
+        s.plan.batch_ns = 20000;
+    }
+    mkdir(s.out_dir.c_str(), 0755);
+
+    s.tsc_ghz = tsc_ghz();
+    s.core_ghz = core_ghz();
+    double load[3] = {0, 0, 0};
+    getloadavg(load, 3);
+    char date[64];
+    const std::time_t now = std::time(nullptr);
+    std::strftime(date, sizeof date, "%Y-%m-%d %H:%M UTC", std::gmtime(&now));
+    char head[1024];
+    std::snprintf(head, sizeof head,
+                  "date: %s\ncpu: %s\nconfiguration: %s build (%s)\ncompiler: %s\n"
+                  "tsc: %.3f GHz; core clock (dependent additions): %.3f GHz\n"
+                  "load average at start: %.2f %.2f %.2f\n"
+                  "interleaved rounds: %d, batch %.0f us%s\n",
+                  date, cpu_model().c_str(), s.configuration.c_str(),
+                  s.configuration == "i386" ? "32-bit, x87" : "x86-64", __VERSION__, s.tsc_ghz,
+                  s.core_ghz, load[0], load[1], load[2], s.plan.rounds, s.plan.batch_ns / 1000,
+                  s.quick ? " (quick: not for numbers)" : "");
+    std::printf("%s", head);
+    std::ofstream(s.out_dir + "/run.txt") << head;
+
+    if (wanted(only, "complex")) bench_complex(s);
+    if (wanted(only, "dispatch")) bench_dispatchers(s);
+    if (wanted(only, "accuracy")) bench_complex_accuracy(s);
+#ifdef ZPTG_BENCH_WHT
+    if (wanted(only, "wht")) bench_wht(s);
+#endif
+#ifdef ZPTG_BENCH_DCT4
+    if (wanted(only, "dct4")) bench_dct4(s);
+#endif
+    std::printf("\nresults in %s\n", s.out_dir.c_str());
+    return 0;
+}

@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# Benchmarks the library against FFTW: installs FFTW 3, Google Benchmark and
+# gnuplot from Debian's packages (the i386 builds too, for the 32-bit
+# configuration), builds the benchmark in both configurations, and times
+# the 32-bit build where this machine runs 32-bit programs natively (never
+# under an emulator) and the x86-64 build always. Tables and CSV files go to
+# <build>/bench/results of each configuration, with one PNG plot per family.
+#
+#   bash scripts/bench.sh [zptg_bench options, e.g. --only complex,accuracy]
+set -euo pipefail
+source "$(dirname "$0")/common.sh"
+
+# Like zptg_install, but an index that fails to update (a mirror in the
+# middle of a sync) only costs a warning: what is listed still installs.
+bench_install() {
+    local missing=() arch
+    arch=$(dpkg --print-architecture)
+    for p in "$@"; do
+        # A name installed for two architectures needs the native one spelt out.
+        dpkg -s "$p" >/dev/null 2>&1 || dpkg -s "$p:$arch" >/dev/null 2>&1 || missing+=("$p")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "installing: ${missing[*]}"
+    local sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    $sudo apt-get update -qq || echo "apt-get update reported errors; using the lists it has"
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${missing[@]}" >/dev/null
+}
+
+bench_install cmake make g++ g++-multilib binutils libfftw3-dev libbenchmark-dev gnuplot-nox
+if ! dpkg --print-foreign-architectures | grep -qx i386; then
+    sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    $sudo dpkg --add-architecture i386
+fi
+bench_install libfftw3-dev:i386 libbenchmark-dev:i386
+
+root=${ZPTG_BUILD_ROOT:-$ZPTG_ROOT/build}
+build() {
+    local name=$1 target=$2
+    local dir=$root/bench-$name
+    echo "=== $name: configure and build"
+    zptg_configure "$dir" -DZPTG_TARGET="$target" -DZPTG_TESTS=OFF -DZPTG_BENCH=ON
+    cmake --build "$dir" -j "$ZPTG_JOBS" --target zptg_bench
+}
+build i386 i386
+build native native
+
+plot() {
+    local results=$1
+    (cd "$results" && for gp in *.gp; do gnuplot "$gp"; done)
+    echo "plots: $(cd "$results" && ls ./*.png | tr '\n' ' ')"
+}
+run() {
+    local name=$1
+    shift
+    local dir=$root/bench-$name
+    echo "=== $name: timing (uptime: $(uptime | sed 's/.*load/load/'))"
+    "$dir/bench/zptg_bench" --out "$dir/bench/results" "$@"
+    plot "$dir/bench/results"
+}
+
+probe=$(mktemp -d)
+printf 'int main(void) { return 0; }\n' > "$probe/probe.c"
+gcc -m32 "$probe/probe.c" -o "$probe/probe"
+if "$probe/probe" >/dev/null 2>&1; then
+    rm -rf "$probe"
+    run i386 "$@"
+else
+    rm -rf "$probe"
+    echo "this machine cannot run 32-bit programs natively: the 32-bit build is built but not timed (no timings under an emulator)"
+fi
+run native "$@"
