@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "peak.h"
 #include "timing.h"
 
 namespace zptg::bench {
@@ -17,6 +18,7 @@ struct Settings {
     std::string configuration; // "i386" (32-bit, x87) or "native" (x86-64)
     double tsc_ghz = 0;        // TSC ticks per ns
     double core_ghz = 0;       // estimated core cycles per ns
+    ScalarPeak peak;           // scalar additions and products per core cycle
     bool quick = false;        // fewer rounds and sizes: a smoke run, not for numbers
 };
 

@@ -30,6 +30,7 @@ struct Fftw<double> {
     static void execute(Plan p) { fftw_execute(p); }
     static void destroy(Plan p) { fftw_destroy_plan(p); }
     static void set_timelimit(double s) { fftw_set_timelimit(s); }
+    static void flops(Plan p, double* add, double* mul, double* fma) { fftw_flops(p, add, mul, fma); }
 };
 
 template <>
@@ -49,6 +50,7 @@ struct Fftw<float> {
     static void execute(Plan p) { fftwf_execute(p); }
     static void destroy(Plan p) { fftwf_destroy_plan(p); }
     static void set_timelimit(double s) { fftwf_set_timelimit(s); }
+    static void flops(Plan p, double* add, double* mul, double* fma) { fftwf_flops(p, add, mul, fma); }
 };
 
 // The two ways FFTW is planned here: restricted to its scalar codelets (the

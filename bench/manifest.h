@@ -15,6 +15,8 @@ struct KernelCounts {
     // Floating-point operations of one call: the body's, plus the one
     // product with the scale factor of each of the 2N outputs.
     long operations(int n) const { return additions + subtractions + products + 2L * n; }
+    long sums() const { return additions + subtractions; }
+    long multiplications(int n) const { return products + 2L * n; }
 };
 
 // (n, "forward" or "inverse") -> counts. Empty if the file cannot be read.
