@@ -3,7 +3,8 @@
 # gnuplot from Debian's packages (the i386 builds too, for the 32-bit
 # configuration), builds the benchmark in both configurations, and times
 # the 32-bit build where this machine runs 32-bit programs natively (never
-# under an emulator) and the x86-64 build always. Tables and CSV files go to
+# under an emulator; elsewhere only its accuracy is taken, under qemu-i386)
+# and the x86-64 build always. Tables and CSV files go to
 # <build>/bench/results of each configuration, with one PNG plot per family.
 #
 #   bash scripts/bench.sh [zptg_bench options, e.g. --only complex,accuracy]
@@ -55,8 +56,8 @@ run() {
     local name=$1
     shift
     local dir=$root/bench-$name
-    echo "=== $name: timing (uptime: $(uptime | sed 's/.*load/load/'))"
-    "$dir/bench/zptg_bench" --out "$dir/bench/results" "$@"
+    echo "=== $name: $* (uptime: $(uptime | sed 's/.*load/load/'))"
+    ${ZPTG_EMULATOR:-} "$dir/bench/zptg_bench" --out "$dir/bench/results" "$@"
     plot "$dir/bench/results"
 }
 
@@ -69,5 +70,8 @@ if "$probe/probe" >/dev/null 2>&1; then
 else
     rm -rf "$probe"
     echo "this machine cannot run 32-bit programs natively: the 32-bit build is built but not timed (no timings under an emulator)"
+    # Accuracy is no timing: the 32-bit (x87) numbers come from qemu-i386.
+    bench_install qemu-user
+    ZPTG_EMULATOR="$(command -v qemu-i386) -L /" run i386 --only accuracy
 fi
 run native "$@"
