@@ -104,10 +104,16 @@ std::vector<cld> oddfreq_fast(const std::vector<long double>& y)
 std::vector<long double> network_direct(const std::vector<cld>& w)
 {
     const int64_t d = static_cast<int64_t>(w.size());
+    // exp(i pi q / (2d)) for q modulo 4d.
+    std::vector<cld> turn(4 * d);
+    for (int64_t q = 0; q < 4 * d; ++q) turn[q] = exp_i_pi(q, 2 * d);
     std::vector<long double> r(2 * d);
     for (int64_t s = -d; s < d; ++s) {
         cld sum = 0;
-        for (int64_t i = 0; i < d; ++i) sum += w[i] * exp_i_pi((2 * i + 1) * s, 2 * d);
+        for (int64_t i = 0; i < d; ++i) {
+            const int64_t q = ((2 * i + 1) * s) % (4 * d);
+            sum += w[i] * turn[q < 0 ? q + 4 * d : q];
+        }
         r[s + d] = sum.real();
     }
     return r;
