@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <memory>
 #include <vector>
 
 #include "bench.h"
@@ -26,62 +27,72 @@ struct Totals {
     int worst_n = 0;
 };
 
+// One size of one member: its data, FFTW's two plans and the race of ours
+// against them.
 template <class E>
-void time_member(const Settings& s, const ComplexMember<E>& m, const Manifest& manifest,
-                 Table& table, Totals& totals)
-{
+struct Case {
     using R = RealOf<E>;
-    const int last = s.quick ? 16 : 64;
-    for (int n = 2; n <= last; ++n) {
-        const PlannedDft<R> scalar(n, m.sign, kFftwScalar), simd(n, m.sign, kFftwSimd);
-        std::vector<E> src(n), dst(n);
+    Case(const ComplexMember<E>& member, int length)
+        : m(member), n(length), src(n), dst(n), scalar(n, m.sign, kFftwScalar),
+          simd(n, m.sign, kFftwSimd), ours(m.kernels[n - 2], src.data(), dst.data()),
+          peer(scalar.plan), peer_simd(simd.plan)
+    {
         fill_random(&src[0].re, 2L * n, unsigned(n));
         fill_random(&scalar.in[0][0], 2L * n, unsigned(n));
         fill_random(&simd.in[0][0], 2L * n, unsigned(n));
+    }
+    const ComplexMember<E>& m;
+    int n;
+    std::vector<E> src, dst;
+    PlannedDft<R> scalar, simd;
+    KernelSubject<E> ours;
+    FftwSubject<R> peer, peer_simd;
+};
 
-        KernelSubject<E> ours(m.kernels[n - 2], src.data(), dst.data());
-        FftwSubject<R> peer(scalar.plan), peer_simd(simd.plan);
-        const Comparison c = compare({&ours, &peer, &peer_simd}, s.plan);
-
-        const auto counts = manifest.find({n, m.direction});
-        const double cycles = c.subjects[0].ns * s.core_ghz;
-        table.row();
-        table.cell(m.kind);
-        table.cell(m.direction);
-        table.cell(long(n));
-        comparison_cells(table, c);
-        table.cell(c.subjects[0].ticks, 0);
-        table.cell(cycles, 0);
-        double fftw_add, fftw_mul, fftw_fma;
-        Fftw<R>::flops(scalar.plan, &fftw_add, &fftw_mul, &fftw_fma);
-        const double fftw_sums = fftw_add + fftw_fma;  // no fused operations in scalar code
-        if (counts != manifest.end()) {
-            const KernelCounts& k = counts->second;
-            const long ops = k.operations(n);
-            const double bound = std::max(double(k.sums()) / s.peak.adds_per_cycle,
-                                          double(k.multiplications(n)) / s.peak.products_per_cycle);
-            table.cell(ops);
-            table.cell(double(ops) / cycles, 2);
-            table.cell(k.sums());
-            table.cell(k.multiplications(n));
-            table.cell(fftw_sums, 0);
-            table.cell(fftw_mul + fftw_fma, 0);
-            table.cell(double(k.sums()) / fftw_sums, 3);
-            table.cell(bound, 0);
-            table.cell(100 * bound / cycles, 0);
-            table.cell(k.rule);
-            totals.log_sums_ratio += std::log(double(k.sums()) / fftw_sums);
-        } else {
-            for (int i = 0; i < 10; ++i) table.cell("?");
-        }
-        totals.log_sum += std::log(c.ratios[1]);
-        totals.log_sum_simd += std::log(c.ratios[2]);
-        totals.count += 1;
-        totals.faster += c.ratios[1] < 1;
-        if (c.ratios[1] > totals.worst) {
-            totals.worst = c.ratios[1];
-            totals.worst_n = n;
-        }
+template <class E>
+void report_case(const Settings& s, const Case<E>& k, const Comparison& c,
+                 const Manifest& manifest, Table& table, Totals& totals)
+{
+    using R = RealOf<E>;
+    const int n = k.n;
+    const auto counts = manifest.find({n, k.m.direction});
+    const double cycles = c.subjects[0].ns * s.core_ghz;
+    table.row();
+    table.cell(k.m.kind);
+    table.cell(k.m.direction);
+    table.cell(long(n));
+    comparison_cells(table, c);
+    table.cell(c.subjects[0].ticks, 0);
+    table.cell(cycles, 0);
+    double fftw_add, fftw_mul, fftw_fma;
+    Fftw<R>::flops(k.scalar.plan, &fftw_add, &fftw_mul, &fftw_fma);
+    const double fftw_sums = fftw_add + fftw_fma;  // no fused operations in scalar code
+    if (counts != manifest.end()) {
+        const KernelCounts& kc = counts->second;
+        const long ops = kc.operations(n);
+        const double bound = std::max(double(kc.sums()) / s.peak.adds_per_cycle,
+                                      double(kc.multiplications(n)) / s.peak.products_per_cycle);
+        table.cell(ops);
+        table.cell(double(ops) / cycles, 2);
+        table.cell(kc.sums());
+        table.cell(kc.multiplications(n));
+        table.cell(fftw_sums, 0);
+        table.cell(fftw_mul + fftw_fma, 0);
+        table.cell(double(kc.sums()) / fftw_sums, 3);
+        table.cell(bound, 0);
+        table.cell(100 * bound / cycles, 0);
+        table.cell(kc.rule);
+        totals.log_sums_ratio += std::log(double(kc.sums()) / fftw_sums);
+    } else {
+        for (int i = 0; i < 10; ++i) table.cell("?");
+    }
+    totals.log_sum += std::log(c.ratios[1]);
+    totals.log_sum_simd += std::log(c.ratios[2]);
+    totals.count += 1;
+    totals.faster += c.ratios[1] < 1;
+    if (c.ratios[1] > totals.worst) {
+        totals.worst = c.ratios[1];
+        totals.worst_n = n;
     }
 }
 
@@ -100,6 +111,29 @@ void summary_row(Table& summary, const ComplexMember<E>& m, const Totals& t)
     summary.cell(std::exp(t.log_sum_simd / t.count), 3);
     summary.cell(std::exp(t.log_sums_ratio / t.count), 3);
     summary.cell(t.faster == t.count && geo <= 0.6 ? "met" : "missed");
+}
+
+// Every size of both members of one element kind, timed in passes.
+template <class E, size_t M>
+void time_kind(const Settings& s, const ComplexMember<E> (&members)[M], const Manifest& manifest,
+               Table& table, Table& summary)
+{
+    const int last = s.quick ? 16 : 64;
+    std::vector<std::unique_ptr<Case<E>>> cases;
+    std::vector<Race> races;
+    for (const auto& m : members)
+        for (int n = 2; n <= last; ++n) {
+            cases.push_back(std::make_unique<Case<E>>(m, n));
+            Case<E>& k = *cases.back();
+            races.emplace_back(std::vector<Subject*>{&k.ours, &k.peer, &k.peer_simd}, s.plan);
+        }
+    run_passes(races, s.plan);
+    size_t i = 0;
+    for (const auto& m : members) {
+        Totals t;
+        for (int n = 2; n <= last; ++n, ++i) report_case(s, *cases[i], races[i].result(), manifest, table, t);
+        summary_row(summary, m, t);
+    }
 }
 
 }  // namespace
@@ -125,16 +159,8 @@ void bench_complex(const Settings& s)
                   "size below 1 and geometric mean at most 0.6)",
                   {"kind", "direction", "sizes", "faster_than_scalar", "geomean_scalar",
                    "worst_scalar", "worst_n", "geomean_simd", "geomean_sums_ratio", "target"});
-    for (const auto& m : kMembers32) {
-        Totals t;
-        time_member(s, m, manifest, table, t);
-        summary_row(summary, m, t);
-    }
-    for (const auto& m : kMembers64) {
-        Totals t;
-        time_member(s, m, manifest, table, t);
-        summary_row(summary, m, t);
-    }
+    time_kind(s, kMembers32, manifest, table, summary);
+    time_kind(s, kMembers64, manifest, table, summary);
     table.print(stdout);
     summary.print(stdout);
     table.write(s.out_dir);

@@ -3,6 +3,7 @@
 // directly, interleaved; the difference is the cost of the size test and
 // the jump through the table.
 #include <cstdio>
+#include <memory>
 #include <vector>
 
 #include "bench.h"
@@ -13,18 +14,38 @@ namespace zptg::bench {
 namespace {
 
 template <class E>
-void time_member(const Settings& s, const ComplexMember<E>& m, Table& table)
+struct Case {
+    Case(const ComplexMember<E>& member, int length)
+        : m(member), n(length), src(n), dst(n), kernel(m.kernels[n - 2], src.data(), dst.data()),
+          dispatcher(m.dispatcher, n, src.data(), dst.data())
+    {
+        fill_random(&src[0].re, 2L * n, unsigned(n));
+    }
+    const ComplexMember<E>& m;
+    int n;
+    std::vector<E> src, dst;
+    KernelSubject<E> kernel;
+    DispatcherSubject<E> dispatcher;
+};
+
+template <class E, size_t M>
+void time_kind(const Settings& s, const ComplexMember<E> (&members)[M], Table& table)
 {
     const int last = s.quick ? 16 : 64;
-    for (int n = 2; n <= last; ++n) {
-        std::vector<E> src(n), dst(n);
-        fill_random(&src[0].re, 2L * n, unsigned(n));
-        KernelSubject<E> kernel(m.kernels[n - 2], src.data(), dst.data());
-        DispatcherSubject<E> dispatcher(m.dispatcher, n, src.data(), dst.data());
-        const Comparison c = compare({&dispatcher, &kernel}, s.plan);
+    std::vector<std::unique_ptr<Case<E>>> cases;
+    std::vector<Race> races;
+    for (const auto& m : members)
+        for (int n = 2; n <= last; ++n) {
+            cases.push_back(std::make_unique<Case<E>>(m, n));
+            races.emplace_back(std::vector<Subject*>{&cases.back()->dispatcher, &cases.back()->kernel},
+                               s.plan);
+        }
+    run_passes(races, s.plan);
+    for (size_t i = 0; i < cases.size(); ++i) {
+        const Comparison c = races[i].result();
         table.row();
-        table.cell(std::string(m.stem) + "_" + m.kind);
-        table.cell(long(n));
+        table.cell(std::string(cases[i]->m.stem) + "_" + cases[i]->m.kind);
+        table.cell(long(cases[i]->n));
         table.cell(c.subjects[1].ns, 2);
         table.cell(c.subjects[0].ns, 2);
         table.cell(c.subjects[0].ns - c.subjects[1].ns, 2);
@@ -43,8 +64,8 @@ void bench_dispatchers(const Settings& s)
                     "ratios",
                 {"dispatcher", "n", "kernel_ns", "dispatcher_ns", "extra_ns", "ratio",
                  "ratio_spread_%"});
-    for (const auto& m : kMembers32) time_member(s, m, table);
-    for (const auto& m : kMembers64) time_member(s, m, table);
+    time_kind(s, kMembers32, table);
+    time_kind(s, kMembers64, table);
     table.print(stdout);
     table.write(s.out_dir);
     Panel p{"extra time of the dispatcher over the kernel", "N", "ns", false, false, 0, {}};

@@ -57,36 +57,61 @@ long calibrate(Subject& s, double target_ns)
 
 }  // namespace
 
-Comparison compare(const std::vector<Subject*>& subjects, const TimingPlan& plan)
+Race::Race(std::vector<Subject*> subjects, const TimingPlan& plan)
+    : subjects_(std::move(subjects)), ns_(subjects_.size()), ticks_(subjects_.size()),
+      ratio_(subjects_.size())
 {
-    const size_t k = subjects.size();
-    std::vector<long> calls(k);
-    for (size_t i = 0; i < k; ++i) {
-        subjects[i]->run(plan.warm_calls);
-        calls[i] = calibrate(*subjects[i], plan.batch_ns);
+    for (Subject* s : subjects_) {
+        s->run(plan.warm_calls);
+        calls_.push_back(calibrate(*s, plan.batch_ns));
     }
-    std::vector<std::vector<double>> ns(k), tk(k), ratio(k);
+}
+
+void Race::run_rounds(int rounds)
+{
+    const size_t k = subjects_.size();
     std::vector<double> round_ns(k);
-    for (int r = 0; r < plan.rounds; ++r) {
+    for (int r = 0; r < rounds; ++r) {
         for (size_t i = 0; i < k; ++i) {
             const std::uint64_t c0 = ticks();
             const double t0 = now_ns();
-            subjects[i]->run(calls[i]);
+            subjects_[i]->run(calls_[i]);
             const double t1 = now_ns();
             const std::uint64_t c1 = ticks();
-            round_ns[i] = (t1 - t0) / double(calls[i]);
-            ns[i].push_back(round_ns[i]);
-            tk[i].push_back(double(c1 - c0) / double(calls[i]));
+            round_ns[i] = (t1 - t0) / double(calls_[i]);
+            ns_[i].push_back(round_ns[i]);
+            ticks_[i].push_back(double(c1 - c0) / double(calls_[i]));
         }
-        for (size_t i = 0; i < k; ++i) ratio[i].push_back(round_ns[0] / round_ns[i]);
+        for (size_t i = 0; i < k; ++i) ratio_[i].push_back(round_ns[0] / round_ns[i]);
     }
+}
+
+Comparison Race::result() const
+{
     Comparison c;
-    for (size_t i = 0; i < k; ++i) {
-        c.subjects.push_back({median(ns[i]), median(tk[i]), relative_iqr(ns[i])});
-        c.ratios.push_back(median(ratio[i]));
-        c.ratio_spreads.push_back(relative_iqr(ratio[i]));
+    for (size_t i = 0; i < subjects_.size(); ++i) {
+        c.subjects.push_back({median(ns_[i]), median(ticks_[i]), relative_iqr(ns_[i])});
+        c.ratios.push_back(median(ratio_[i]));
+        c.ratio_spreads.push_back(relative_iqr(ratio_[i]));
     }
     return c;
+}
+
+Comparison compare(const std::vector<Subject*>& subjects, const TimingPlan& plan)
+{
+    Race race(subjects, plan);
+    race.run_rounds(plan.rounds);
+    return race.result();
+}
+
+void run_passes(std::vector<Race>& races, const TimingPlan& plan)
+{
+    const int passes = std::max(1, plan.passes);
+    for (int p = 0; p < passes; ++p) {
+        // Rounds of this pass: the total spread evenly over the passes.
+        const int rounds = (plan.rounds * (p + 1)) / passes - (plan.rounds * p) / passes;
+        for (Race& r : races) r.run_rounds(rounds);
+    }
 }
 
 double tsc_ghz()

@@ -27,7 +27,8 @@ public:
 
 // How long and how often to measure.
 struct TimingPlan {
-    int rounds = 41;             // interleaved rounds per comparison
+    int rounds = 45;             // interleaved rounds per comparison, over all passes
+    int passes = 5;              // sweeps over a family's sizes (see run_passes)
     double batch_ns = 100000.0;  // target length of one batch
     int warm_calls = 64;         // untimed calls before calibration
 };
@@ -48,9 +49,28 @@ struct Comparison {
     std::vector<double> ratio_spreads;
 };
 
-// Times the subjects interleaved; all get the same number of calls per batch
-// scaled to their own speed (calibrated once, before the rounds).
+// One comparison in progress: the subjects, their calls per batch (each
+// scaled to its own speed, calibrated once) and the samples so far.
+class Race {
+public:
+    Race(std::vector<Subject*> subjects, const TimingPlan& plan);
+    void run_rounds(int rounds);
+    Comparison result() const;
+
+private:
+    std::vector<Subject*> subjects_;
+    std::vector<long> calls_;
+    std::vector<std::vector<double>> ns_, ticks_, ratio_;
+};
+
+// Times the subjects interleaved in one go: plan.rounds rounds.
 Comparison compare(const std::vector<Subject*>& subjects, const TimingPlan& plan);
+
+// Times many comparisons in plan.passes sweeps over all of them, each sweep
+// adding its share of the rounds to every race: a slow spell of the shared
+// machine then falls on a few rounds of many sizes rather than on all the
+// rounds of a few.
+void run_passes(std::vector<Race>& races, const TimingPlan& plan);
 
 // Monotonic clock in ns, and the time-stamp counter.
 double now_ns();
