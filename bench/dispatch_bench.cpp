@@ -68,14 +68,14 @@ void bench_dispatchers(const Settings& s)
     time_kind(s, kMembers64, table);
     table.print(stdout);
     table.write(s.out_dir);
-    Panel p{"extra time of the dispatcher over the kernel", "N", "ns", false, false, 0, {}};
+    Panel p{"dispatcher / kernel (median of per-round ratios)", "N", "ratio", false, false, 1, {}};
     for (const auto& m : kMembers32) {
         const std::string d = std::string(m.stem) + "_" + m.kind;
-        p.series.push_back({d, "n", "extra_ns", {{"dispatcher", d}}});
+        p.series.push_back({d, "n", "ratio", {{"dispatcher", d}}});
     }
     for (const auto& m : kMembers64) {
         const std::string d = std::string(m.stem) + "_" + m.kind;
-        p.series.push_back({d, "n", "extra_ns", {{"dispatcher", d}}});
+        p.series.push_back({d, "n", "ratio", {{"dispatcher", d}}});
     }
     write_plot(s.out_dir, table, "dispatch", {p}, 1);
 }

@@ -107,7 +107,7 @@ void write_plot(const std::string& dir, const Table& table, const std::string& n
     const int rows = int((panels.size() + size_t(columns) - 1) / size_t(columns));
     std::ofstream gp(dir + "/" + name + ".gp");
     gp << "# Draws " << name << ".png from " << table.name() << ".csv (run in this folder).\n"
-       << "set terminal pngcairo size " << 640 * columns << "," << 420 * rows
+       << "set terminal pngcairo noenhanced size " << 640 * columns << "," << 420 * rows
        << " font 'sans,9'\n"
        << "set output '" << name << ".png'\n"
        << "set datafile separator ','\n"
