@@ -1,5 +1,6 @@
 // The Walsh-Hadamard transform's peer: a plain radix-2 loop, compiled with
-// the same flags as the rest of the benchmark and called through a pointer.
+// the same flags as the rest of the benchmark (kept scalar, like our
+// kernels) and called through a pointer.
 #ifndef ZPTG_BENCH_WHT_REFERENCE_H
 #define ZPTG_BENCH_WHT_REFERENCE_H
 
