@@ -21,6 +21,7 @@ template <class T> struct KindOf;
         static constexpr auto env1_mem = &owngDCT4_##K##_env1_mem;            \
         static constexpr auto env1_plan = &owngDCT4_##K##_env1_plan;          \
         static constexpr auto env1_del = &owngDCT4_##K##_env1___del__;        \
+        static constexpr auto env1_compute = &owngDCT4_##K##_env1_compute;    \
         static constexpr auto env2_init = &owngDCT4_##K##_env2___init__;      \
         static constexpr auto env2_plan = &owngDCT4_##K##_env2_plan;          \
         static constexpr auto env2_del = &owngDCT4_##K##_env2___del__;        \

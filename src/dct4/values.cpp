@@ -34,7 +34,10 @@ template <class T>
 double lambda_at(const envlambda<T>* self, int32_t row)
 {
     const int32_t inner = self->length / self->factor;
-    return (static_cast<double>(row) + 0.5) / static_cast<double>(inner);
+    // Stored once so that an x87 build hands back a double, not the wider
+    // quotient the division leaves in its register.
+    volatile double lambda = (static_cast<double>(row) + 0.5) / static_cast<double>(inner);
+    return lambda;
 }
 
 template <class T>
