@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -86,42 +87,68 @@ private:
     R* dst_;
 };
 
+// One order with one kind of buffer: data, both subjects, and how far the
+// two results lie apart.
+template <class R>
+struct Case {
+    Case(const WhtKind<R>& k, int o, bool null_buffer)
+        : kind(k), order(o), n(1 << o), buffer_kind(o <= 7 ? "none" : null_buffer ? "null" : "caller"),
+          src(n), dst(n), ref(n), buffer(buffer_elements(k, o)),
+          ours(k, o, src.data(), dst.data(), null_buffer ? nullptr : buffer.data()),
+          loop(o, src.data(), ref.data())
+    {
+        fill_random(src.data(), n, unsigned(order));
+        // The two must agree before their times mean anything.
+        ours.run(1);
+        loop.run(1);
+        double diff = 0, mag = 0;
+        for (int i = 0; i < n; ++i) {
+            diff = std::max(diff, std::fabs(double(dst[i]) - double(ref[i])));
+            mag = std::max(mag, std::fabs(double(ref[i])));
+        }
+        rel_diff = mag > 0 ? diff / mag : diff;
+    }
+    static size_t buffer_elements(const WhtKind<R>& k, int o)
+    {
+        int bytes = 0;
+        k.buffer_size(o, &bytes);
+        return size_t(bytes) / sizeof(R) + 1;
+    }
+    const WhtKind<R>& kind;
+    int order, n;
+    const char* buffer_kind;
+    std::vector<R> src, dst, ref, buffer;
+    OursSubject<R> ours;
+    LoopSubject<R> loop;
+    double rel_diff = 0;
+};
+
 template <class R>
 void time_kind(const Settings& s, const WhtKind<R>& k, Table& table)
 {
-    for (int order = 1; order <= 13; ++order) {
-        const int n = 1 << order;
-        std::vector<R> src(n), dst(n), ref(n);
-        fill_random(src.data(), n, unsigned(order));
-        int bytes = 0;
-        k.buffer_size(order, &bytes);
-        std::vector<R> buffer(size_t(bytes) / sizeof(R) + 1);
+    std::vector<std::unique_ptr<Case<R>>> cases;
+    std::vector<Race> races;
+    for (int order = 1; order <= 13; ++order)
         for (const bool null_buffer : {false, true}) {
             if (order <= 7 && null_buffer) continue;
-            R* buf = null_buffer ? nullptr : buffer.data();
-            OursSubject<R> ours(k, order, src.data(), dst.data(), buf);
-            LoopSubject<R> loop(order, src.data(), ref.data());
-            // The two must agree before their times mean anything.
-            ours.run(1);
-            loop.run(1);
-            double diff = 0, mag = 0;
-            for (int i = 0; i < n; ++i) {
-                diff = std::max(diff, std::fabs(double(dst[i]) - double(ref[i])));
-                mag = std::max(mag, std::fabs(double(ref[i])));
-            }
-            const Comparison c = compare({&ours, &loop}, s.plan);
-            const double cycles = c.subjects[0].ns * s.core_ghz;
-            const long ops = long(order) * n + n;  // sums and differences, then the scale
-            table.row();
-            table.cell(k.kind);
-            table.cell(long(order));
-            table.cell(long(n));
-            table.cell(order <= 7 ? "none" : null_buffer ? "null" : "caller");
-            comparison_cells(table, c);
-            table.cell(c.subjects[0].ticks, 0);
-            table.cell(double(ops) / cycles, 2);
-            table.cell_sci(mag > 0 ? diff / mag : diff);
+            cases.push_back(std::make_unique<Case<R>>(k, order, null_buffer));
+            races.emplace_back(std::vector<Subject*>{&cases.back()->ours, &cases.back()->loop}, s.plan);
         }
+    run_passes(races, s.plan);
+    for (size_t i = 0; i < cases.size(); ++i) {
+        const Case<R>& w = *cases[i];
+        const Comparison c = races[i].result();
+        const double cycles = c.subjects[0].ns * s.core_ghz;
+        const long ops = long(w.order) * w.n + w.n;  // sums and differences, then the scale
+        table.row();
+        table.cell(k.kind);
+        table.cell(long(w.order));
+        table.cell(long(w.n));
+        table.cell(w.buffer_kind);
+        comparison_cells(table, c);
+        table.cell(c.subjects[0].ticks, 0);
+        table.cell(double(ops) / cycles, 2);
+        table.cell_sci(w.rel_diff);
     }
 }
 
