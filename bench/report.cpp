@@ -111,6 +111,8 @@ void write_plot(const std::string& dir, const Table& table, const std::string& n
        << " font 'sans,9'\n"
        << "set output '" << name << ".png'\n"
        << "set datafile separator ','\n"
+       // Rows filtered out of a series are missing points: the line goes on.
+       << "set datafile missing NaN\n"
        << "set key top left\nset grid\n"
        << "set multiplot layout " << rows << "," << columns << "\n";
     for (const Panel& p : panels) {
