@@ -97,9 +97,9 @@ void check_full(int64_t n)
         worst = std::fmax(worst, double(std::fabs(got[k] - ref)));
     }
     const double err = worst / norm(x);
-    std::printf("  %s N = %8lld  error %.2e  (%.2f units)\n", Dct4Api<T>::kind, (long long)n,
+    std::printf("  %s N = %8lld  error %.2e  (%.2f units)\n", kKindName<T>, (long long)n,
                 err, err / kUnit<T>);
-    EXPECT_LE(err, allowed_error<T>(n)) << Dct4Api<T>::kind << " N = " << n;
+    EXPECT_LE(err, allowed_error<T>(n)) << kKindName<T> << " N = " << n;
 }
 
 // Outputs at both ends, around the middle, and spread pseudo-randomly.

@@ -1,35 +1,23 @@
-// The exported DCT-IV functions of one element kind under one name, for
-// tests written once as templates over the element type, and a context
-// that is released when it goes out of scope.
+// A DCT-IV context of either element kind that is released when it goes
+// out of scope, built through the exported functions (kind_api.h), for
+// tests written once as templates over the element type.
 #ifndef ZPTG_TESTS_DCT4_COMPUTE_API_H
 #define ZPTG_TESTS_DCT4_COMPUTE_API_H
 
-#include "zptgenpx.h"
+#include "dct4/kind_api.h"
 
 namespace zptg::test {
 
-template <class T> struct Dct4Api;
+template <class T>
+using Dct4Api = zptg_test::Api<T>;
 
-template <> struct Dct4Api<float> {
-    using Context = zptgDCT4Context_32f;
-    static constexpr const char* kind = "32f";
-    static zptgStatus init(Context** c, int n) { return zptgDCT4InitAlloc_32f(c, n); }
-    static zptgStatus run(const float* s, float* d, Context* c) { return zptgDCT4_32f(s, d, c); }
-    static zptgStatus release(Context* c) { return zptgDCT4Free_32f(c); }
-};
-
-template <> struct Dct4Api<double> {
-    using Context = zptgDCT4Context_64f;
-    static constexpr const char* kind = "64f";
-    static zptgStatus init(Context** c, int n) { return zptgDCT4InitAlloc_64f(c, n); }
-    static zptgStatus run(const double* s, double* d, Context* c) { return zptgDCT4_64f(s, d, c); }
-    static zptgStatus release(Context* c) { return zptgDCT4Free_64f(c); }
-};
+template <class T>
+constexpr const char* kKindName = sizeof(T) == 4 ? "32f" : "64f";
 
 template <class T>
 class Dct4Plan {
 public:
-    explicit Dct4Plan(int length) : status_(Dct4Api<T>::init(&context_, length)) {}
+    explicit Dct4Plan(int length) : status_(Dct4Api<T>::init_alloc(&context_, length)) {}
     ~Dct4Plan()
     {
         if (status_ == zptgStatusOk) Dct4Api<T>::release(context_);

@@ -87,24 +87,18 @@ TEST(OutputRow, ThirtyTwoColumnsThroughTheFusedSteps) { check_row<32>(352, 512);
 // same numbers with 288 products where the fused one makes 224.
 TEST(OutputNetwork, PlainAndFusedThirtyTwoAgree)
 {
-    const std::vector<long double> data = random_values(64, 5);
-    std::vector<dct4::Cplx<Counted>> w(32);
-    std::vector<cld> wl(32);
-    for (int i = 0; i < 32; ++i) {
-        w[i] = {Counted(double(data[i])), Counted(double(data[32 + i]))};
-        wl[i] = cld(data[i], data[32 + i]);
-    }
-    const std::vector<long double> want = network_direct(wl);
+    const ComplexInput w = complex_input(random_values(64, 5), 32);
+    const std::vector<long double> want = network_direct(w.exact);
     Counted plain[64], fused[64];
     long plain_products, fused_products;
     {
         CountScope scope;
-        dct4::network<32, 1, 0, false>(w.data(), plain);
+        dct4::network<32, 1, 0, false>(w.counted.data(), plain);
         plain_products = scope.counts().products;
     }
     {
         CountScope scope;
-        dct4::network<32, 1, 0, true>(w.data(), fused);
+        dct4::network<32, 1, 0, true>(w.counted.data(), fused);
         fused_products = scope.counts().products;
     }
     EXPECT_EQ(plain_products, 288);

@@ -63,7 +63,7 @@ constexpr double kUnit = sizeof(T) == 4 ? 0x1p-24 : 0x1p-53;
 template <class T>
 void check_length(int64_t n)
 {
-    SCOPED_TRACE(testing::Message() << Dct4Api<T>::kind << " N = " << n);
+    SCOPED_TRACE(testing::Message() << kKindName<T> << " N = " << n);
     const std::vector<long double> x = random_values(n + 1, uint32_t(n));
     const Outcome want = split_formulas(x, n);
     long double norm2 = 0;

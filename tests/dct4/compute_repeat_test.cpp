@@ -24,7 +24,7 @@ bool same_bits(const std::vector<T>& a, const std::vector<T>& b)
 template <class T>
 void check_length(int n)
 {
-    SCOPED_TRACE(testing::Message() << Dct4Api<T>::kind << " N = " << n);
+    SCOPED_TRACE(testing::Message() << kKindName<T> << " N = " << n);
     Dct4Plan<T> plan(n);
     ASSERT_EQ(plan.status(), zptgStatusOk);
     const std::vector<long double> x = random_values(n, 11 * n), other = random_values(n, 13 * n);
@@ -52,7 +52,7 @@ void check_damaged(int n)
 {
     // The context is the root record.
     typename Dct4Api<T>::Context* context = nullptr;
-    ASSERT_EQ(Dct4Api<T>::init(&context, n), zptgStatusOk);
+    ASSERT_EQ(Dct4Api<T>::init_alloc(&context, n), zptgStatusOk);
     auto* root = reinterpret_cast<env1<T>*>(context);
     const int32_t rule = root->rule;
     std::vector<T> src(n, T(1)), dst(n, T(3));

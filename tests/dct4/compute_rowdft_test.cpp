@@ -82,17 +82,11 @@ TEST(InnerRow, ThirtyTwoColumnsEightByFour) { check_row<32>(224, 440); }
 
 TEST(InnerRow, Dft8HasFourProductsAndFiftyTwoSums)
 {
-    const std::vector<long double> data = random_values(16, 9);
-    std::vector<dct4::Cplx<Counted>> x(8);
-    std::vector<cld> xl(8);
-    for (int t = 0; t < 8; ++t) {
-        x[t] = {Counted(double(data[t])), Counted(double(data[8 + t]))};
-        xl[t] = cld(data[t], data[8 + t]);
-    }
-    const std::vector<cld> want = dft_plus(xl);
+    const ComplexInput x = complex_input(random_values(16, 9), 8);
+    const std::vector<cld> want = dft_plus(x.exact);
     dct4::Cplx<Counted> X[8];
     CountScope scope;
-    dct4::dft8<false>(x.data(), X);
+    dct4::dft8<false>(x.counted.data(), X);
     EXPECT_EQ(scope.counts().products, 4);
     EXPECT_EQ(scope.counts().sums, 52);
     EXPECT_EQ(scope.counts().negations, 0);
