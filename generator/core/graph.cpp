@@ -62,4 +62,18 @@ Real Graph::mul(long double c, Real x)
     return Real{intern(n), neg};
 }
 
+Real Graph::mul_distributed(long double c, Real x)
+{
+    if (x.is_zero()) return x;
+    const Node n = nodes_[x.node];
+    if ((n.op != Op::Add && n.op != Op::Sub) || nodes_[n.a].op != Op::Mul ||
+        nodes_[n.b].op != Op::Mul)
+        return mul(c, x);
+    const Node p = nodes_[n.a], q = nodes_[n.b];
+    const Real first = mul(c * constants_[p.constant], Real{p.a, false});
+    const Real second = mul(c * constants_[q.constant], Real{q.a, false});
+    const Real sum = n.op == Op::Add ? add(first, second) : sub(first, second);
+    return x.neg ? -sum : sum;
+}
+
 }  // namespace zptg::gen

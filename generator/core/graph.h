@@ -51,6 +51,11 @@ public:
     Real sub(Real x, Real y) { return add(x, -y); }
     // c * x for a literal c of either sign; c = 1 and c = -1 cost nothing.
     Real mul(long double c, Real x);
+    // c * x, where a sum or difference of two products x = c1 * y +- c2 * z
+    // is taken apart: the result is (c c1) * y +- (c c2) * z. So constants
+    // that meet are held as their products, and the product with c is not
+    // made. (For an x that has no other use: its products then go unused.)
+    Real mul_distributed(long double c, Real x);
 
     const std::vector<Node>& nodes() const { return nodes_; }
     const Node& node(int i) const { return nodes_[i]; }

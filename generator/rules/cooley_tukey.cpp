@@ -15,13 +15,13 @@
 #include "rules/transform.h"
 
 namespace zptg::gen {
-namespace {
 
-Cplx twiddle(const ComplexOps& ops, Cplx v, int e, int n, Dir dir)
+Cplx twiddle(const ComplexOps& ops, Cplx v, long long e, int n, Dir dir)
 {
     Graph& g = ops.graph();
     const int sgn = sign_of(dir);
     e %= n;
+    if (e < 0) e += n;
     if (e == 0) return v;
     if (4 * e == n) return ComplexOps::times_i(v, sgn);
     if (4 * e == 3 * n) return ComplexOps::times_i(v, -sgn);
@@ -39,9 +39,7 @@ Cplx twiddle(const ComplexOps& ops, Cplx v, int e, int n, Dir dir)
     return ops.rotate(v, cos_2pi(e, n), sgn * sin_2pi(e, n));
 }
 
-}  // namespace
-
-CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
+CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
 {
     const int f = rule.first, s = rule.second, n = rule.n;
     const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
@@ -49,14 +47,14 @@ CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, D
     for (int r = 0; r < s; ++r) {
         CVec column(f);
         for (int b = 0; b < f; ++b) column[b] = x[r + s * b];
-        z[r] = transform(ops, first_rule, column, dir);
-        for (int k = 0; k < f; ++k) z[r][k] = twiddle(ops, z[r][k], r * k, n, dir);
+        z[r] = transform(ops, first_rule, column, dir, power);
+        for (int k = 0; k < f; ++k) z[r][k] = twiddle(ops, z[r][k], (long long)power * r * k, n, dir);
     }
     CVec X(n);
     for (int k = 0; k < f; ++k) {
         CVec row(s);
         for (int r = 0; r < s; ++r) row[r] = z[r][k];
-        const CVec v = transform(ops, complex_rule(s), row, dir);
+        const CVec v = transform(ops, complex_rule(s), row, dir, power);
         for (int j = 0; j < s; ++j) X[k + f * j] = v[j];
     }
     return X;

@@ -10,9 +10,10 @@
 // 5, 7 (conjugate pairs, h = (p-1)/2): a[j] = x[j] + x[p-j], d[j] = x[j] - x[p-j],
 //     X0 = (a[1] + ... + a[h]) + x0, m[k] = x0 + sum cos(2 pi jk/p) a[j],
 //     t[k] = sum sin(2 pi jk/p) d[j], X[k] = m[k] - i t[k], X[p-k] = m[k] + i t[k].
+// The sums themselves, with their term orders, are those of pair_sums.h.
 #include <stdexcept>
 
-#include "core/number.h"
+#include "rules/pair_sums.h"
 #include "rules/transform.h"
 
 namespace zptg::gen {
@@ -32,70 +33,45 @@ CVec dft2(const ComplexOps& ops, const CVec& x)
     return {ops.add(x[0], x[1]), ops.sub(x[0], x[1])};
 }
 
-CVec dft3(const ComplexOps& ops, const CVec& x, Dir dir)
+// 3, 5, 7: the pair sums and differences, the sums of pair_sums(), then
+// the outputs of each pair.
+CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir, int power)
 {
-    const long double s = sin_2pi(1, 3);
-    const Cplx t = ops.add(x[1], x[2]);
-    const Cplx d = ops.sub(x[1], x[2]);
-    CVec X(3);
-    X[0] = ops.add(t, x[0]);
-    const Cplx m = ops.sub(x[0], ops.scale(0.5L, t));
-    const Cplx u = ops.scale(s, d);
-    // X1 = m - i u: its real part is written u.im + m.re.
-    Graph& g = ops.graph();
-    const Cplx iu = ComplexOps::times_i(u, sign_of(dir));
-    X[1] = {g.add(iu.re, m.re), g.add(m.im, iu.im)};
-    X[2] = ops.sub(m, iu);
-    return X;
-}
-
-CVec dft5(const ComplexOps& ops, const CVec& x, Dir dir)
-{
-    const long double c1 = cos_2pi(1, 5), c2 = -cos_2pi(2, 5);
-    const long double s1 = sin_2pi(1, 5), s2 = sin_2pi(2, 5);
-    const Cplx a1 = ops.add(x[1], x[4]), a2 = ops.add(x[2], x[3]);
-    const Cplx d1 = ops.sub(x[1], x[4]), d2 = ops.sub(x[2], x[3]);
-    CVec X(5);
-    X[0] = ops.add(ops.add(a1, a2), x[0]);
-    const Cplx m1 = ops.add(ops.sub(ops.scale(c1, a1), ops.scale(c2, a2)), x[0]);
-    const Cplx m2 = ops.add(ops.sub(x[0], ops.scale(c2, a1)), ops.scale(c1, a2));
-    const Cplx t1 = ops.add(ops.scale(s1, d1), ops.scale(s2, d2));
-    const Cplx t2 = ops.sub(ops.scale(s2, d1), ops.scale(s1, d2));
-    conjugate_pair(ops, m1, t1, dir, &X[1], &X[4]);
-    conjugate_pair(ops, m2, t2, dir, &X[2], &X[3]);
-    return X;
-}
-
-CVec dft7(const ComplexOps& ops, const CVec& x, Dir dir)
-{
-    const long double c1 = cos_2pi(1, 7), c2 = -cos_2pi(2, 7), c3 = -cos_2pi(3, 7);
-    const long double s1 = sin_2pi(1, 7), s2 = sin_2pi(2, 7), s3 = sin_2pi(3, 7);
-    const Cplx a1 = ops.add(x[1], x[6]), a2 = ops.add(x[2], x[5]), a3 = ops.add(x[3], x[4]);
-    const Cplx d1 = ops.sub(x[1], x[6]), d2 = ops.sub(x[2], x[5]), d3 = ops.sub(x[3], x[4]);
-    auto k = [&](long double c, Cplx v) { return ops.scale(c, v); };
-    CVec X(7);
-    X[0] = ops.add(ops.add(ops.add(a1, a2), a3), x[0]);
-    const Cplx m1 = ops.add(ops.sub(ops.sub(k(c1, a1), k(c2, a2)), k(c3, a3)), x[0]);
-    const Cplx m2 = ops.add(ops.sub(ops.sub(x[0], k(c2, a1)), k(c3, a2)), k(c1, a3));
-    const Cplx m3 = ops.sub(ops.add(k(c1, a2), ops.sub(x[0], k(c3, a1))), k(c2, a3));
-    const Cplx t1 = ops.add(ops.add(k(s1, d1), k(s2, d2)), k(s3, d3));
-    const Cplx t2 = ops.sub(ops.sub(k(s2, d1), k(s3, d2)), k(s1, d3));
-    const Cplx t3 = ops.add(ops.sub(k(s3, d1), k(s1, d2)), k(s2, d3));
-    conjugate_pair(ops, m1, t1, dir, &X[1], &X[6]);
-    conjugate_pair(ops, m2, t2, dir, &X[2], &X[5]);
-    conjugate_pair(ops, m3, t3, dir, &X[3], &X[4]);
+    const int p = int(x.size()), h = (p - 1) / 2;
+    std::vector<Cplx> a(h), d(h);
+    for (int j = 1; j <= h; ++j) a[j - 1] = ops.add(x[j], x[p - j]);
+    for (int j = 1; j <= h; ++j) d[j - 1] = ops.sub(x[j], x[p - j]);
+    const PairSums<Cplx> s = pair_sums(ops, p, power, x[0], a, d);
+    CVec X(p);
+    X[0] = s.total;
+    if (p == 3) {
+        // X1 = m - i u: its real part is written u.im + m.re.
+        Graph& g = ops.graph();
+        const Cplx iu = ComplexOps::times_i(s.t[0], sign_of(dir));
+        X[1] = {g.add(iu.re, s.m[0].re), g.add(s.m[0].im, iu.im)};
+        X[2] = ops.sub(s.m[0], iu);
+        return X;
+    }
+    for (int k = 1; k <= h; ++k) conjugate_pair(ops, s.m[k - 1], s.t[k - 1], dir, &X[k], &X[p - k]);
     return X;
 }
 
 }  // namespace
 
-CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir)
+CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir, int power)
 {
+    if (power != 1) {
+        // The same sums, their outputs taken at r k: X_r[k] = X[r k].
+        const CVec plain = direct_form(ops, x, dir, 1);
+        CVec out(x.size());
+        for (size_t k = 0; k < x.size(); ++k) out[k] = plain[power * k % x.size()];
+        return out;
+    }
     switch (x.size()) {
     case 2: return dft2(ops, x);
-    case 3: return dft3(ops, x, dir);
-    case 5: return dft5(ops, x, dir);
-    case 7: return dft7(ops, x, dir);
+    case 3:
+    case 5:
+    case 7: return conjugate_pair_form(ops, x, dir, power);
     }
     throw std::logic_error("no direct form for this length");
 }

@@ -1,64 +1,111 @@
-// Rader's form for a prime p, L = p - 1, g a primitive root modulo p:
+// Rader's form for a prime p, L = p - 1, g a primitive root modulo p, C the
+// spectrum of rader_spectrum.h (of the transform's power of the root):
 //
 //   u[m] = x[g^m mod p]                          (x[0] takes no part)
-//   A = DFT_L(u), with z = exp(-2 pi i / L)      first half, always forward
+//   A = DFT_L(u) with z = exp(-2 pi i / L)       first half
 //   X[0] = A[0] + x[0]
 //   B[0] = x[0] - A[0] / L, B[k] = C[k] A[k]
 //   v = the unscaled inverse DFT_L of B          second half
 //   X[g^(-q) mod p] = v[q]
 //
-// with the spectrum C[k] = (1/L) sum_t w^(g^t) z^(-t k), w = exp(-+2 pi i / p)
-// (the normalising 1/L folded in; C[0] = -1/L).
-#include <complex>
-
-#include "core/number.h"
+// The first half is the real forward transform of length L of the real
+// parts of u and the same of the imaginary parts. So no A[k] is ever a
+// complete value: for a pair k, L - k (0 < k < L/2) there are, for each
+// part, the cosine sum M and the sine sum T with A[k] = M - i T and
+// A[L-k] = M + i T. With C[k] = alpha + i beta and C[L-k] = e conj(C[k]),
+// e = (-1)^k, the second half needs of the pair only
+//
+//   P = B[k] + B[L-k] and Q = B[k] - B[L-k], which are, with
+//   U = 2 alpha M + 2 beta T and V = 2 beta M - 2 alpha T (on each part),
+//   e = +1:  P = U,   Q = i V
+//   e = -1:  P = i V, Q = U
+//
+// four real two-term sums per pair: one rotation per pair and part, eight
+// products. The second half is then the real inverse transform of length L
+// of the real parts of v and the same of the imaginary parts, which take
+// Re P, Im Q resp. Im P, -Re Q as their doubled cosine and sine terms (the
+// 2 of 2 Re C, 2 Im C is that doubling), B[0] as their first term and
+// B[L/2] = C[L/2] A[L/2] as their last (C[L/2] imaginary for p = 3 mod 4,
+// which swaps the parts). Where the second half multiplies one of the
+// rotation's sums by a constant of its own (the sine factor of a 3-point
+// stage), that constant goes into the rotation's two products.
+//
+// The inverse transform is the forward one read at -k: X_inv[k] = X[p - k],
+// i.e. the second half's outputs taken L/2 further on. So both directions
+// make the same operations.
+#include "rules/rader_spectrum.h"
+#include "rules/real.h"
 #include "rules/transform.h"
 
 namespace zptg::gen {
 namespace {
 
-int power_mod(int base, int e, int p)
+CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x, int power)
 {
-    long long r = 1, b = base % p;
-    for (; e > 0; e >>= 1, b = b * b % p)
-        if (e & 1) r = r * b % p;
-    return int(r);
-}
+    Graph& g = ops.graph();
+    const int p = rule.n, l = p - 1, root = rule.root;
+    const RealRule& first = rule.first_half ? *rule.first_half : real_forward_rule(l);
+    const RealRule& second = rule.second_half ? *rule.second_half : real_inverse_rule(l);
 
-// C[k] of the spectrum of a prime p with root g, for direction dir.
-std::complex<long double> spectrum(int p, int g, int k, Dir dir)
-{
-    const int l = p - 1;
-    std::complex<long double> sum = 0;
-    for (int t = 0; t < l; ++t) {
-        const int e = power_mod(g, t, p);
-        const std::complex<long double> w(cos_2pi(e, p), sign_of(dir) * sin_2pi(e, p));
-        const std::complex<long double> zk(cos_2pi((long long)t * k, l), sin_2pi((long long)t * k, l));
-        sum += w * zk;
+    RVec ure(l), uim(l);
+    for (int m = 0; m < l; ++m) {
+        const Cplx& v = x[power_mod(root, m, p)];
+        ure[m] = v.re;
+        uim[m] = v.im;
     }
-    return sum / (long double)l;
+    const HalfSpectrum are = real_forward(g, first, ure);
+    const HalfSpectrum aim = real_forward(g, first, uim);
+    const Cplx a0{are[0].re, aim[0].re};
+
+    CVec X(p);
+    X[0] = ops.add(a0, x[0]);
+    const Cplx b0 = ops.sub(x[0], ops.scale(1.0L / l, a0));
+    HalfSpectrum vre(l / 2 + 1), vim(l / 2 + 1);
+    vre[0] = {b0.re, Real{}};
+    vim[0] = {b0.im, Real{}};
+    for (int k = 1; k < l / 2; ++k) {
+        const auto c = rader_spectrum(p, root, k, Dir::Forward, power);
+        const long double alpha2 = 2 * c.real(), beta2 = 2 * c.imag();
+        // U and V of one part, from A_part[k] = M - i T.
+        auto rotation = [&](const Cplx& a, Real* u, Real* v) {
+            const Real m = a.re, t = -a.im;
+            *u = g.add(g.mul(alpha2, m), g.mul(beta2, t));
+            *v = g.add(g.mul(beta2, m), g.mul(-alpha2, t));
+        };
+        Real ure_k, vre_k, uim_k, vim_k;
+        rotation(are[k], &ure_k, &vre_k);
+        rotation(aim[k], &uim_k, &vim_k);
+        if (k % 2 == 0) {
+            vre[k] = {ure_k, vre_k};
+            vim[k] = {uim_k, vim_k};
+        } else {
+            vre[k] = {-vim_k, uim_k};
+            vim[k] = {vre_k, -ure_k};
+        }
+    }
+    {
+        const auto c = rader_spectrum(p, root, l / 2, Dir::Forward, power);
+        const Cplx half = ops.rotate({are[l / 2].re, aim[l / 2].re}, c.real(), c.imag());
+        vre[l / 2] = {half.re, Real{}};
+        vim[l / 2] = {half.im, Real{}};
+    }
+    const RVec outre = real_inverse(g, second, vre);
+    const RVec outim = real_inverse(g, second, vim);
+    const int g_inv = power_mod(root, l - 1, p);
+    for (int q = 0; q < l; ++q) X[power_mod(g_inv, q, p)] = {outre[q], outim[q]};
+    return X;
 }
 
 }  // namespace
 
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
 {
-    const int p = rule.n, l = p - 1, g = rule.root;
-    CVec u(l);
-    for (int m = 0; m < l; ++m) u[m] = x[power_mod(g, m, p)];
-    const CVec a = transform(ops, *rule.cycle_rule, u, Dir::Forward);
-    CVec X(p);
-    X[0] = ops.add(a[0], x[0]);
-    CVec b(l);
-    b[0] = ops.sub(x[0], ops.scale(1.0L / l, a[0]));
-    for (int k = 1; k < l; ++k) {
-        const std::complex<long double> c = spectrum(p, g, k, dir);
-        b[k] = ops.rotate(a[k], c.real(), c.imag());
-    }
-    const CVec v = transform(ops, *rule.cycle_rule, b, Dir::Inverse);
-    const int g_inv = power_mod(g, l - 1, p);
-    for (int q = 0; q < l; ++q) X[power_mod(g_inv, q, p)] = v[q];
-    return X;
+    const CVec y = forward_rader(ops, rule, x, power);
+    if (dir == Dir::Forward) return y;
+    const int p = rule.n;
+    CVec out(p);
+    for (int k = 0; k < p; ++k) out[k] = y[(p - k) % p];
+    return out;
 }
 
 }  // namespace zptg::gen

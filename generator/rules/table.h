@@ -9,6 +9,8 @@
 
 namespace zptg::gen {
 
+struct RealRule;
+
 enum class Form { Direct, GoodThomas, CooleyTukey, Rader };
 
 struct Rule {
@@ -19,9 +21,14 @@ struct Rule {
     // Composite forms: the first stage's own rule where it is not the rule
     // of that length in the table (else null).
     const Rule* first_rule = nullptr;
-    // Rader: the primitive root and the rule of the length-(p-1) transform.
+    // Rader: the primitive root and the rule of the length-(p-1) transform,
+    // whose stages both halves run as real transforms of the real and the
+    // imaginary parts: the first half by the forward real rule, the second
+    // by the inverse one (each the real table's rule of p - 1 where null).
     int root = 0;
     const Rule* cycle_rule = nullptr;
+    const RealRule* first_half = nullptr;
+    const RealRule* second_half = nullptr;
 };
 
 // The rule of a complex kernel of length n, 2 <= n <= 64.

@@ -1,0 +1,193 @@
+// Cooley-Tukey forms of the real transforms, N = a b, at a power r of the
+// root, with the half-step transform Q(b) for the middle row of an even a:
+//
+//   input map   n = s + b n1,   s < b, n1 < a
+//   output map  k = K + a m,    K < a, m < b
+//   W^(r n k) = W_N^(r s K) W_b^(r s m) W_a^(r n1 K)
+//
+// forward: for each s the size-a transform over n1 gives Y[s][K]. Row 0:
+//   the real size-b transform over s gives X[a m]. Rows 0 < K < a/2: Y[s][K]
+//   turned by the twiddle W_N^(r s K), then the complex size-b transform
+//   over s gives X[K + a m]. Row a/2 (a even) is real: Q(b) over s gives
+//   X[a/2 + a m], m < b/2, where
+//       Q(b): Z[m] = sum over s of y[s] W_2b^(r s (2m+1))
+//       Q(2): Z0 = y0 - i y1
+//       Q(4): p = c (y1 - y3), q = c (y1 + y3), c = cos(2 pi/8),
+//             Z0 = (y0 + p) - i (y2 + q), Z1 = (y0 - p) + i (y2 - q)
+//   (at another power the same values, in another order or conjugated).
+// inverse: the forward read backwards: row 0 by the real inverse of size b,
+//   rows 0 < K < a/2 by the complex inverse, then the conjugate twiddle;
+//   row a/2 by the inverse of Q(b); then for each s the size-a inverse over
+//   K writes x[s + b n1]. The inverse of Q(4), on doubled terms:
+//       e = Re Z0 - Re Z1, f = Im Z0 + Im Z1,
+//       y0 = Re Z0 + Re Z1, y2 = Im Z1 - Im Z0, y1 = c (e - f), y3 = -c (e + f).
+// A twiddle costs as in the complex Cooley-Tukey form.
+#include <stdexcept>
+
+#include "core/number.h"
+#include "rules/real.h"
+#include "rules/transform.h"
+
+namespace zptg::gen {
+namespace {
+
+// Z[m] = sum over s of y[s] W_2b^(s (2m+1)), m < b/2.
+CVec half_step_plain(Graph& g, const RVec& y)
+{
+    const int b = int(y.size());
+    if (b == 2) return {{y[0], -y[1]}};
+    if (b == 4) {
+        const long double c = cos_2pi(1, 8);
+        const Real p = g.mul(c, g.sub(y[1], y[3]));
+        const Real q = g.mul(c, g.add(y[1], y[3]));
+        return {{g.add(y[0], p), -g.add(y[2], q)}, {g.sub(y[0], p), g.sub(y[2], q)}};
+    }
+    throw std::logic_error("no half-step transform of this length");
+}
+
+// The index m' and conjugation with which Z at power r, entry m, is the
+// plain Z[m']: r (2m+1) = +-(2m'+1) mod 2b.
+std::pair<int, bool> half_step_index(int b, int power, int m)
+{
+    const int e = int((long long)power * (2 * m + 1) % (2 * b));
+    return e < b ? std::pair{(e - 1) / 2, false} : std::pair{(2 * b - e - 1) / 2, true};
+}
+
+CVec half_step(Graph& g, const RVec& y, int power)
+{
+    const int b = int(y.size());
+    const CVec plain = half_step_plain(g, y);
+    CVec z(b / 2);
+    for (int m = 0; m < b / 2; ++m) {
+        const auto [mp, conj] = half_step_index(b, power, m);
+        z[m] = conj ? Cplx{plain[mp].re, -plain[mp].im} : plain[mp];
+    }
+    return z;
+}
+
+// y[s] = sum over m < b/2 of Re(Z'[m] W_2b^(-r s (2m+1))), Z' doubled.
+RVec half_step_inverse(Graph& g, const CVec& z, int power)
+{
+    const int b = 2 * int(z.size());
+    CVec plain(b / 2);
+    for (int m = 0; m < b / 2; ++m) {
+        const auto [mp, conj] = half_step_index(b, power, m);
+        plain[mp] = conj ? Cplx{z[m].re, -z[m].im} : z[m];
+    }
+    if (b == 2) return {plain[0].re, -plain[0].im};
+    if (b == 4) {
+        const long double c = cos_2pi(1, 8);
+        const Real y0 = g.add(plain[0].re, plain[1].re);
+        const Real e = g.sub(plain[0].re, plain[1].re);
+        const Real f = g.add(plain[0].im, plain[1].im);
+        const Real y2 = g.sub(plain[1].im, plain[0].im);
+        return {y0, g.mul(c, g.sub(e, f)), y2, g.mul(-c, g.add(e, f))};
+    }
+    throw std::logic_error("no inverse half-step transform of this length");
+}
+
+struct Split {
+    int n, a, b, power;
+    const RealRule* a_rule;
+    const RealRule* b_rule;
+};
+
+Split split_of(const RealRule& rule, int power, bool inverse)
+{
+    auto table = inverse ? real_inverse_rule : real_forward_rule;
+    return {rule.n, rule.a, rule.b, power, rule.a_rule ? rule.a_rule : &table(rule.a),
+            rule.b_rule ? rule.b_rule : &table(rule.b)};
+}
+
+HalfSpectrum forward_rows(Graph& g, const Split& s, const std::vector<HalfSpectrum>& y)
+{
+    ComplexOps ops(g);
+    HalfSpectrum X(s.n / 2 + 1);
+    {
+        RVec z(s.b);
+        for (int r = 0; r < s.b; ++r) z[r] = y[r][0].re;
+        const HalfSpectrum Z = real_forward(g, *s.b_rule, z, s.power);
+        for (int m = 0; m < s.b; ++m) store_spectrum(&X, s.n, s.a * m, spectrum_at(Z, s.b, m));
+    }
+    for (int k = 1; 2 * k < s.a; ++k) {
+        CVec z(s.b);
+        for (int r = 0; r < s.b; ++r)
+            z[r] = twiddle(ops, y[r][k], (long long)s.power * r * k, s.n, Dir::Forward);
+        const CVec Z = complex_row(ops, z, Dir::Forward, s.power);
+        for (int m = 0; m < s.b; ++m) store_spectrum(&X, s.n, k + s.a * m, Z[m]);
+    }
+    if (s.a % 2 == 0) {
+        RVec z(s.b);
+        for (int r = 0; r < s.b; ++r) z[r] = y[r][s.a / 2].re;
+        const CVec Z = half_step(g, z, s.power);
+        for (int m = 0; m < s.b / 2; ++m) store_spectrum(&X, s.n, s.a / 2 + s.a * m, Z[m]);
+    }
+    return X;
+}
+
+}  // namespace
+
+HalfSpectrum real_cooley_tukey_forward(Graph& g, const RealRule& rule, const RVec& x, int power)
+{
+    const Split s = split_of(rule, power, false);
+    std::vector<HalfSpectrum> y(s.b);
+    for (int r = 0; r < s.b; ++r) {
+        RVec coset(s.a);
+        for (int n1 = 0; n1 < s.a; ++n1) coset[n1] = x[r + s.b * n1];
+        y[r] = real_forward(g, *s.a_rule, coset, s.power);
+    }
+    return forward_rows(g, s, y);
+}
+
+// From the halves, for an even a: the pair (q, q + N/2) is (n1, n1 + a/2)
+// of one size-a transform.
+HalfSpectrum real_cooley_tukey_forward_halves(Graph& g, const RealRule& rule, const RVec& plus,
+                                              const RVec& minus, int power)
+{
+    const Split s = split_of(rule, power, false);
+    if (s.a % 2 != 0) throw std::logic_error("Cooley-Tukey halves need an even first stage");
+    std::vector<HalfSpectrum> y(s.b);
+    for (int r = 0; r < s.b; ++r) {
+        RVec p(s.a / 2), m(s.a / 2);
+        for (int n1 = 0; n1 < s.a / 2; ++n1) {
+            p[n1] = plus[r + s.b * n1];
+            m[n1] = minus[r + s.b * n1];
+        }
+        y[r] = real_forward_halves(g, *s.a_rule, p, m, s.power);
+    }
+    return forward_rows(g, s, y);
+}
+
+RVec real_cooley_tukey_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, int power)
+{
+    const Split s = split_of(rule, power, true);
+    ComplexOps ops(g);
+    std::vector<HalfSpectrum> y(s.b, HalfSpectrum(s.a / 2 + 1));
+    {
+        HalfSpectrum Z(s.b / 2 + 1);
+        for (int m = 0; 2 * m <= s.b; ++m) Z[m] = spectrum_at(X, s.n, s.a * m);
+        const RVec z = real_inverse(g, *s.b_rule, Z, s.power);
+        for (int r = 0; r < s.b; ++r) y[r][0] = {z[r], Real{}};
+    }
+    for (int k = 1; 2 * k < s.a; ++k) {
+        CVec Z(s.b);
+        for (int m = 0; m < s.b; ++m) Z[m] = spectrum_at(X, s.n, k + s.a * m);
+        const CVec z = complex_row(ops, Z, Dir::Inverse, s.power);
+        for (int r = 0; r < s.b; ++r)
+            y[r][k] = twiddle(ops, z[r], (long long)s.power * r * k, s.n, Dir::Inverse);
+    }
+    if (s.a % 2 == 0) {
+        CVec Z(s.b / 2);
+        for (int m = 0; m < s.b / 2; ++m) Z[m] = spectrum_at(X, s.n, s.a / 2 + s.a * m);
+        const RVec z = half_step_inverse(g, Z, s.power);
+        for (int r = 0; r < s.b; ++r) y[r][s.a / 2] = {z[r], Real{}};
+    }
+    RVec x(s.n);
+    for (int r = 0; r < s.b; ++r) {
+        const RVec v = real_inverse(g, *s.a_rule, y[r], s.power);
+        for (int n1 = 0; n1 < s.a; ++n1) x[r + s.b * n1] = v[n1];
+    }
+    return x;
+}
+
+}  // namespace zptg::gen
