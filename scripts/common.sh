@@ -14,7 +14,7 @@ zptg_install() {
         echo "installing: ${missing[*]}"
         local sudo=""
         [ "$(id -u)" -eq 0 ] || sudo="sudo"
-        $sudo apt-get update -qq
+        $sudo apt-get update -qq || echo "apt-get update reported a problem; installing from the lists at hand"
         DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${missing[@]}" >/dev/null
     fi
 }
