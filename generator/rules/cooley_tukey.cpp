@@ -39,7 +39,7 @@ Cplx twiddle(const ComplexOps& ops, Cplx v, long long e, int n, Dir dir)
     return ops.rotate(v, cos_2pi(e, n), sgn * sin_2pi(e, n));
 }
 
-CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
+CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int f = rule.first, s = rule.second, n = rule.n;
     const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
@@ -47,14 +47,14 @@ CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, D
     for (int r = 0; r < s; ++r) {
         CVec column(f);
         for (int b = 0; b < f; ++b) column[b] = x[r + s * b];
-        z[r] = transform(ops, first_rule, column, dir, power);
-        for (int k = 0; k < f; ++k) z[r][k] = twiddle(ops, z[r][k], (long long)power * r * k, n, dir);
+        z[r] = transform(ops, first_rule, column, dir);
+        for (int k = 0; k < f; ++k) z[r][k] = twiddle(ops, z[r][k], r * k, n, dir);
     }
     CVec X(n);
     for (int k = 0; k < f; ++k) {
         CVec row(s);
         for (int r = 0; r < s; ++r) row[r] = z[r][k];
-        const CVec v = transform(ops, complex_rule(s), row, dir, power);
+        const CVec v = transform(ops, complex_rule(s), row, dir);
         for (int j = 0; j < s; ++j) X[k + f * j] = v[j];
     }
     return X;

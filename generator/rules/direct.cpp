@@ -35,13 +35,13 @@ CVec dft2(const ComplexOps& ops, const CVec& x)
 
 // 3, 5, 7: the pair sums and differences, the sums of pair_sums(), then
 // the outputs of each pair.
-CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir, int power)
+CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir)
 {
     const int p = int(x.size()), h = (p - 1) / 2;
     std::vector<Cplx> a(h), d(h);
     for (int j = 1; j <= h; ++j) a[j - 1] = ops.add(x[j], x[p - j]);
     for (int j = 1; j <= h; ++j) d[j - 1] = ops.sub(x[j], x[p - j]);
-    const PairSums<Cplx> s = pair_sums(ops, p, power, x[0], a, d);
+    const PairSums<Cplx> s = pair_sums(ops, p, 1, x[0], a, d);
     CVec X(p);
     X[0] = s.total;
     if (p == 3) {
@@ -58,20 +58,13 @@ CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir, int powe
 
 }  // namespace
 
-CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir, int power)
+CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir)
 {
-    if (power != 1) {
-        // The same sums, their outputs taken at r k: X_r[k] = X[r k].
-        const CVec plain = direct_form(ops, x, dir, 1);
-        CVec out(x.size());
-        for (size_t k = 0; k < x.size(); ++k) out[k] = plain[power * k % x.size()];
-        return out;
-    }
     switch (x.size()) {
     case 2: return dft2(ops, x);
     case 3:
     case 5:
-    case 7: return conjugate_pair_form(ops, x, dir, power);
+    case 7: return conjugate_pair_form(ops, x, dir);
     }
     throw std::logic_error("no direct form for this length");
 }

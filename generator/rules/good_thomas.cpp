@@ -11,23 +11,27 @@
 
 namespace zptg::gen {
 
-CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
+CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int f = rule.first, s = rule.second, n = rule.n;
     const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
-    const int power_f = int((long long)power * s % f), power_s = int((long long)power * f % s);
     std::vector<CVec> y(s);
     for (int a = 0; a < s; ++a) {
         CVec column(f);
         for (int b = 0; b < f; ++b) column[b] = x[(f * a + s * b) % n];
-        y[a] = transform(ops, first_rule, column, dir, power_f);
+        y[a] = transform(ops, first_rule, column, dir);
     }
     CVec X(n);
     for (int k2 = 0; k2 < f; ++k2) {
         CVec row(s);
         for (int a = 0; a < s; ++a) row[a] = y[a][k2];
-        const CVec Y = transform(ops, complex_rule(s), row, dir, power_s);
-        for (int k1 = 0; k1 < s; ++k1) X[(s * k2 + f * k1) % n] = Y[k1];
+        const CVec Y = transform(ops, complex_rule(s), row, dir);
+        for (int k1 = 0; k1 < s; ++k1) {
+            // The k with k = k1 mod S and k = k2 mod F.
+            int k = k1;
+            while (k % f != k2) k += s;
+            X[k] = Y[k1];
+        }
     }
     return X;
 }

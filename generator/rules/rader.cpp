@@ -1,5 +1,5 @@
 // Rader's form for a prime p, L = p - 1, g a primitive root modulo p, C the
-// spectrum of rader_spectrum.h (of the transform's power of the root):
+// spectrum of rader_spectrum.h:
 //
 //   u[m] = x[g^m mod p]                          (x[0] takes no part)
 //   A = DFT_L(u) with z = exp(-2 pi i / L)       first half
@@ -30,9 +30,8 @@
 // rotation's sums by a constant of its own (the sine factor of a 3-point
 // stage), that constant goes into the rotation's two products.
 //
-// The inverse transform is the forward one read at -k: X_inv[k] = X[p - k],
-// i.e. the second half's outputs taken L/2 further on. So both directions
-// make the same operations.
+// The inverse is the forward transform read at -k: X_inv[k] = X[p - k]. So
+// both directions make the same operations with the same constants.
 #include "rules/rader_spectrum.h"
 #include "rules/real.h"
 #include "rules/transform.h"
@@ -40,7 +39,7 @@
 namespace zptg::gen {
 namespace {
 
-CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x, int power)
+CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 {
     Graph& g = ops.graph();
     const int p = rule.n, l = p - 1, root = rule.root;
@@ -64,7 +63,7 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x, int p
     vre[0] = {b0.re, Real{}};
     vim[0] = {b0.im, Real{}};
     for (int k = 1; k < l / 2; ++k) {
-        const auto c = rader_spectrum(p, root, k, Dir::Forward, power);
+        const auto c = rader_spectrum(p, root, k, Dir::Forward, 1);
         const long double alpha2 = 2 * c.real(), beta2 = 2 * c.imag();
         // U and V of one part, from A_part[k] = M - i T.
         auto rotation = [&](const Cplx& a, Real* u, Real* v) {
@@ -84,7 +83,7 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x, int p
         }
     }
     {
-        const auto c = rader_spectrum(p, root, l / 2, Dir::Forward, power);
+        const auto c = rader_spectrum(p, root, l / 2, Dir::Forward, 1);
         const Cplx half = ops.rotate({are[l / 2].re, aim[l / 2].re}, c.real(), c.imag());
         vre[l / 2] = {half.re, Real{}};
         vim[l / 2] = {half.im, Real{}};
@@ -98,9 +97,9 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x, int p
 
 }  // namespace
 
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
-    const CVec y = forward_rader(ops, rule, x, power);
+    const CVec y = forward_rader(ops, rule, x);
     if (dir == Dir::Forward) return y;
     const int p = rule.n;
     CVec out(p);

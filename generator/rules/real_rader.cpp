@@ -1,6 +1,7 @@
 // Rader's form of the real transforms of a prime length p, L = p - 1, g the
 // primitive root of the rule, C the spectrum of rader_spectrum.h (of the
-// transform's own direction and power).
+// transform's own direction). At another power r of the root the transform
+// is this one read at r k (so a stage holds the constants of the kernel).
 //
 // forward, x real:
 //   u[q] = x[g^q]; U = R_L(u), the first half;
@@ -38,18 +39,17 @@ const RealRule& second_rule(const RealRule& rule)
 }
 
 // The spectrum product: V[0] = t0, V[j] = U[j] 2 C[j], V[L/2] = U[L/2] C[L/2].
-HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Real t0, Dir dir,
-                              int power)
+HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Real t0, Dir dir)
 {
     ComplexOps ops(g);
     const int p = rule.n, l = p - 1;
     HalfSpectrum v(l / 2 + 1);
     v[0] = {t0, Real{}};
     for (int j = 1; j < l / 2; ++j) {
-        const auto c = rader_spectrum(p, rule.root, j, dir, power);
+        const auto c = rader_spectrum(p, rule.root, j, dir, 1);
         v[j] = ops.rotate(u[j], 2 * c.real(), 2 * c.imag());
     }
-    const auto c = rader_spectrum(p, rule.root, l / 2, dir, power);
+    const auto c = rader_spectrum(p, rule.root, l / 2, dir, 1);
     v[l / 2] = ops.rotate(u[l / 2], c.real(), c.imag());
     return v;
 }
@@ -58,6 +58,12 @@ HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Rea
 
 HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, int power)
 {
+    if (power != 1) {
+        const HalfSpectrum plain = real_rader_forward(g, rule, x, 1);
+        HalfSpectrum out(plain.size());
+        for (size_t k = 0; k < out.size(); ++k) out[k] = spectrum_at(plain, rule.n, power * int(k));
+        return out;
+    }
     const int p = rule.n, l = p - 1, h = (p - 1) / 2;
     RVec u(l);
     for (int q = 0; q < l; ++q) u[q] = x[power_mod(rule.root, q, p)];
@@ -65,8 +71,7 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
     HalfSpectrum X(h + 1);
     X[0] = {g.add(x[0], U[0].re), Real{}};
     const Real t0 = g.sub(x[0], g.mul(1.0L / l, U[0].re));
-    const HalfSpectrum V = spectrum_product(g, rule, CVec(U.begin(), U.end()), t0, Dir::Forward,
-                                            power);
+    const HalfSpectrum V = spectrum_product(g, rule, CVec(U.begin(), U.end()), t0, Dir::Forward);
     HalfSpectrum even(l / 2 + 1), odd(l / 2 + 1);
     for (int j = 0; j <= l / 2; ++j) {
         if (j % 2 == 0)
@@ -88,6 +93,12 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
 
 RVec real_rader_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, int power)
 {
+    if (power != 1) {
+        const RVec plain = real_rader_inverse(g, rule, X, 1);
+        RVec out(plain.size());
+        for (int j = 0; j < rule.n; ++j) out[j] = plain[(long long)power * j % rule.n];
+        return out;
+    }
     const int p = rule.n, l = p - 1;
     RVec plus(l / 2), minus(l / 2);
     for (int q = 0; q < l / 2; ++q) {
@@ -101,7 +112,7 @@ RVec real_rader_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, i
     RVec x(p);
     x[0] = g.add(X[0].re, U[0].re);
     const Real t0 = g.sub(X[0].re, g.mul(1.0L / l, U[0].re));
-    const HalfSpectrum V = spectrum_product(g, rule, U, t0, Dir::Inverse, power);
+    const HalfSpectrum V = spectrum_product(g, rule, U, t0, Dir::Inverse);
     const RVec v = real_inverse(g, second_rule(rule), V, 1);
     const int g_inv = power_mod(rule.root, l - 1, p);
     for (int m = 0; m < l; ++m) x[power_mod(g_inv, m, p)] = v[m];

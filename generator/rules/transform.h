@@ -12,17 +12,17 @@ namespace zptg::gen {
 
 // The DFT of x by `rule`, in direction `dir` (unscaled), at the power r of
 // the root: X[k] = sum over n of x[n] w^(r n k), w = exp(-+2 pi i / N).
-// r = 1 is the transform itself; a stage of a Good-Thomas form runs at
-// another unit r modulo its length (good_thomas.cpp).
+// r = 1 is the transform itself; another unit r (a row of a real Good-Thomas
+// form, rules/real.h) is the same graph, its outputs read at r k.
 CVec transform(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power = 1);
 // The same with the table's rule of that length.
 CVec transform(const ComplexOps& ops, const CVec& x, Dir dir, int power = 1);
 
 // The forms.
-CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir, int power);
-CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power);
-CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power);
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power);
+CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir);
+CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
+CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
 
 // v times the twiddle w^e, w = exp(-+2 pi i / n) in direction dir, at the
 // cost of the Cooley-Tukey form (free for multiples of n/4, two products
