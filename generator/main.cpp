@@ -1,7 +1,7 @@
 // zptg_gen: writes the generated kernels of the library's fixed-size
 // families into a build tree.
 //
-//   zptg_gen <output dir> <family>...      families: complex
+//   zptg_gen <output dir> <family>...      families: complex, dct4_constants
 //   zptg_gen --counts <family>             prints each kernel's counts
 #include <cstdio>
 #include <exception>
@@ -9,6 +9,7 @@
 
 #include "core/analysis.h"
 #include "families/complex_family.h"
+#include "families/dct4_constants.h"
 
 int main(int argc, char** argv)
 {
@@ -27,7 +28,7 @@ int main(int argc, char** argv)
             return 0;
         }
         if (argc < 3) {
-            std::fprintf(stderr, "usage: zptg_gen <output dir> complex\n");
+            std::fprintf(stderr, "usage: zptg_gen <output dir> complex|dct4_constants\n");
             return 2;
         }
         const std::string out = argv[1];
@@ -36,6 +37,8 @@ int main(int argc, char** argv)
             const std::string command = "zptg_gen <dir> " + family;
             if (family == "complex") {
                 write_complex_family(out, command);
+            } else if (family == "dct4_constants") {
+                write_dct4_constants(out, command);
             } else {
                 std::fprintf(stderr, "zptg_gen: unknown family '%s'\n", family.c_str());
                 return 2;

@@ -46,16 +46,15 @@ zptgStatus init(Context** ppContext, int32_t length, void* pBuffer)
     using K = KindOf<T>;
     if (ppContext == nullptr) return zptgStatusNullPtr;
     if (pBuffer == nullptr) return zptgStatusNullPtr;
-    // A length the size computation rejects has no block size a caller
-    // could have asked for: refuse it before anything is written.
-    int size = 0;
-    if (get_size<T>(length, &size) != zptgStatusOk) return zptgStatusBadSize;
-
+    // The length is checked by planning alone. A rejected length fails part
+    // way, after drawing whatever the levels above the failing one drew.
     zptgArenaSetTop(pBuffer, tree_start(pBuffer));
     auto* const root = draw_record<env1<T>>(pBuffer, kOwnSize<env1<T>>);
     K::env1_init(root, pBuffer, length);
     if (K::env1_plan(root) != zptgStatusOk) {
-        // Undo the partial tree once, from the top; the block is not used again.
+        // Undo the partial tree once, from the top; the block is not used
+        // again. The destructors give back what each level's rule implies,
+        // drawn or not, so the word may end below the start.
         K::env1_del(root);
         zptgArenaFree(pBuffer, root, kOwnSize<env1<T>>);
         return zptgStatusBadSize;

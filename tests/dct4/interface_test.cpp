@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "dct4/env.h"
+#include "frame/arena.h"
 #include "dct4/guarded_block.h"
 #include "dct4/kind_api.h"
 #include "zptgenpx.h"
@@ -258,6 +259,54 @@ TEST_F(DCT4Interface, InitAllocWithRejectedLengthAllocatesNothing)
     EXPECT_EQ(zptgDCT4InitAlloc_64f(nullptr, 64), zptgStatusNullPtr);
     EXPECT_EQ(g_alloc.mallocs, 0);
     EXPECT_EQ(g_alloc.frees, 0);
+}
+
+// Init leaves the length to planning: a rejected length builds part of a
+// tree in the caller's block, fails with zptgStatusBadSize, and the root's
+// destructor takes the partial tree down once from the top. The destructors
+// give back the scratch that each failed level's rule implies although it
+// was never drawn, so the arena word ends that far below the start. The
+// context is not written and the heap is not used.
+template <class T>
+void expect_rejected_init_undone(int n, int32_t balance)
+{
+    SCOPED_TRACE(testing::Message() << "N " << n << " element size " << sizeof(T));
+    std::vector<unsigned char> storage(1 << 16, 0xA5);
+    unsigned char* const base = storage.data() + 5;  // unaligned on purpose
+    auto* const sentinel = reinterpret_cast<typename Api<T>::Context*>(&g_alloc);
+    typename Api<T>::Context* c = sentinel;
+    EXPECT_EQ(Api<T>::init(&c, n, base), zptgStatusBadSize);
+    EXPECT_EQ(c, sentinel);
+    EXPECT_EQ(static_cast<int64_t>(arena_word(base)) - static_cast<int64_t>(tree_start(base)),
+              balance);
+    EXPECT_EQ(g_alloc.mallocs + g_alloc.frees, 0);
+}
+
+TEST_F(DCT4Interface, InitWithRejectedLengthIsUndoneFromTheTop)
+{
+    // Failing on the root's own factor: only the root's scratch size of
+    // N E bytes (rounded) is given back beyond what was drawn.
+    // N E wraps like the planning arithmetic: 0 for the most negative N.
+    const auto scratch = [](int n, uint32_t e) {
+        return zptg::zptgAlignSize32Bytes(static_cast<int32_t>(static_cast<uint32_t>(n) * e));
+    };
+    for (const int n : {0, -5, -2147483647 - 1}) {
+        expect_rejected_init_undone<float>(n, -scratch(n, 4));
+        expect_rejected_init_undone<double>(n, -scratch(n, 8));
+    }
+    expect_rejected_init_undone<float>(1, -32);
+    expect_rejected_init_undone<double>(3, -32);
+    // N = 12: d = 2, m = 6; the env4 of 6 finds no factor of 3 after its
+    // rule is set: the root's 48 (64f 96) and the env4's 24 (48) bytes.
+    expect_rejected_init_undone<float>(12, -(64 + 32));
+    expect_rejected_init_undone<double>(12, -(96 + 64));
+    // N = 96: d = 8, m = 12; env4(12) splits by 2, the env4 of its env7(6) fails.
+    expect_rejected_init_undone<float>(96, -(384 + 64 + 32));
+    expect_rejected_init_undone<double>(96, -(768 + 96 + 64));
+    // N = 1000: d = 4 and an env2 table of 4000 bytes drawn and filled, then
+    // env4(250) fails on 125.
+    expect_rejected_init_undone<float>(1000, -(4000 + 1024));
+    expect_rejected_init_undone<double>(1000, -(8000 + 2016));
 }
 
 // The largest lengths pass the size query with a wrapped size, but no plan

@@ -380,24 +380,5 @@ TEST(DCT4Failure, WrappedTableSizeFailsBeforeTheTable)
     EXPECT_EQ(s, zptgStatusBadSize);
 }
 
-// Init refuses what the size query refuses, before it writes anything.
-TEST(DCT4Failure, InitWithRejectedLengthWritesNothing)
-{
-    for (int n : {0, 1, 3, 12, 96, 1000, 1 << 28, -5}) {
-        Block b(4096);
-        const std::vector<unsigned char> before(b.storage);
-        auto* sentinel = reinterpret_cast<zptgDCT4Context_32f*>(&b);
-        zptgDCT4Context_32f* context = sentinel;
-        EXPECT_EQ(zptgDCT4Init_32f(&context, n, b.base), zptgStatusBadSize) << "N " << n;
-        EXPECT_EQ(context, sentinel);
-        EXPECT_EQ(b.storage, before) << "N " << n;
-        auto* sentinel64 = reinterpret_cast<zptgDCT4Context_64f*>(&b);
-        zptgDCT4Context_64f* context64 = sentinel64;
-        EXPECT_EQ(zptgDCT4Init_64f(&context64, n, b.base), zptgStatusBadSize) << "N " << n;
-        EXPECT_EQ(context64, sentinel64);
-        EXPECT_EQ(b.storage, before) << "N " << n;
-    }
-}
-
 }  // namespace
 }  // namespace zptg
