@@ -1,5 +1,6 @@
 #include "core/emit.h"
 
+#include <algorithm>
 #include <map>
 #include <sstream>
 #include <stdexcept>
@@ -18,6 +19,102 @@ std::string numbered(char prefix, size_t i)
     return s;
 }
 
+// The order in which the operations are written. The compiler keeps the
+// order of a straight-line body nearly as written, so the order decides how
+// many values are alive at once; a value alive beyond the registers (16 or
+// 8 on x86-64 and in 32-bit SSE code, the 8-deep x87 stack) goes to memory
+// and back.
+//
+// The set of operations is cut by depth (the longest chain of operations
+// of the set that ends at a node) into a first and a second half; each half
+// falls apart into parts that share no value, and the parts are written one
+// after the other, each ordered the same way. For a transform this writes
+// each small transform of a stage, and within it each butterfly, before the
+// next begins, so that few values are alive at a time. All of the first half
+// comes before the second, so the order is topological; it depends on the
+// graph alone.
+class Scheduler {
+public:
+    Scheduler(const Graph& g, const std::vector<int>& live)
+        : g_(g), in_set_(g.nodes().size(), 0), depth_(g.nodes().size(), 0), up_(g.nodes().size(), -1)
+    {
+        std::vector<int> ops;
+        for (int i : live)
+            if (g.node(i).op != Op::Input) ops.push_back(i);
+        if (!ops.empty()) order(ops);
+    }
+    const std::vector<int>& result() const { return result_; }
+
+private:
+    // `set` is in increasing node order, which is topological.
+    void order(const std::vector<int>& set)
+    {
+        if (set.size() == 1) {
+            result_.push_back(set[0]);
+            return;
+        }
+        for (int i : set) in_set_[i] = 1;
+        int deepest = 0;
+        for (int i : set) {
+            const Node& n = g_.node(i);
+            int d = 0;
+            if (n.a >= 0 && in_set_[n.a]) d = std::max(d, depth_[n.a] + 1);
+            if (n.b >= 0 && in_set_[n.b]) d = std::max(d, depth_[n.b] + 1);
+            depth_[i] = d;
+            deepest = std::max(deepest, d);
+        }
+        for (int i : set) in_set_[i] = 0;
+        if (deepest == 0) {
+            // No operation of the set needs another: part by part.
+            for (const std::vector<int>& p : split(set)) result_.insert(result_.end(), p.begin(), p.end());
+            return;
+        }
+        const int cut = (deepest + 1) / 2;
+        std::vector<int> first, second;
+        for (int i : set) (depth_[i] < cut ? first : second).push_back(i);
+        for (const std::vector<int>& p : split(first)) order(p);
+        for (const std::vector<int>& p : split(second)) order(p);
+    }
+
+    // The parts of `set`: two operations are in one part when one is an
+    // operand of the other or they have an operand in common. Parts in the
+    // order of their first node, each in increasing node order.
+    std::vector<std::vector<int>> split(const std::vector<int>& set)
+    {
+        std::vector<int> touched;
+        auto find = [&](int i) {
+            if (up_[i] < 0) {
+                up_[i] = i;
+                touched.push_back(i);
+            }
+            while (up_[i] != i) i = up_[i] = up_[up_[i]];
+            return i;
+        };
+        auto join = [&](int i, int j) { up_[find(i)] = find(j); };
+        for (int i : set) {
+            const Node& n = g_.node(i);
+            find(i);
+            if (n.a >= 0) join(n.a, i);
+            if (n.b >= 0) join(n.b, i);
+        }
+        std::map<int, size_t> index;  // representative -> part
+        std::vector<std::vector<int>> parts;
+        for (int i : set) {
+            const auto [it, fresh] = index.emplace(find(i), parts.size());
+            if (fresh) parts.emplace_back();
+            parts[it->second].push_back(i);
+        }
+        for (int i : touched) up_[i] = -1;
+        return parts;
+    }
+
+    const Graph& g_;
+    std::vector<char> in_set_;
+    std::vector<int> depth_;
+    std::vector<int> up_;  // union-find links of split(), -1 outside a call
+    std::vector<int> result_;
+};
+
 }  // namespace
 
 std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const std::string& name)
@@ -25,7 +122,10 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     for (const Real& r : outputs)
         if (r.is_zero() || r.neg) throw std::logic_error(name + ": an output is zero or negated");
 
-    const std::vector<int> order = live_nodes(g, outputs);
+    const std::vector<int> order = Scheduler(g, live_nodes(g, outputs)).result();
+    std::map<int, std::vector<size_t>> stores;  // node -> the output slots that take it
+    for (size_t k = 0; k < outputs.size(); ++k) stores[outputs[k].node].push_back(k);
+
     std::map<int, std::string> value_name;  // node -> its name in the text
     std::map<int, std::string> constant_name;
     std::ostringstream body;
@@ -34,9 +134,9 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
 
     // Every input is read before anything else happens.
     for (int i = 0; i < g.input_count(); ++i) body << "    const T x" << i << " = in(" << i << ");\n";
-    for (int i : order) {
-        const Node& n = g.node(i);
-        if (n.op == Op::Input) value_name[i] = numbered('x', size_t(n.input));
+    for (size_t i = 0; i < g.nodes().size(); ++i) {
+        const Node& n = g.node(int(i));
+        if (n.op == Op::Input) value_name[int(i)] = numbered('x', size_t(n.input));
     }
     // Each constant once, in order of first use.
     for (int i : order) {
@@ -47,10 +147,17 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
         body << "    const T " << k << "(" << double_literal(double(g.constants()[n.constant]))
              << ");\n";
     }
+    // The operations in the scheduler's order, each output stored as soon
+    // as its value is made (all reads are above).
+    size_t stored = 0;
+    for (size_t k = 0; k < outputs.size(); ++k)
+        if (g.node(outputs[k].node).op == Op::Input) {
+            body << "    out(" << k << ", s * " << value_name.at(outputs[k].node) << ");\n";
+            ++stored;
+        }
     size_t temps = 0;
     for (int i : order) {
         const Node& n = g.node(i);
-        if (n.op == Op::Input) continue;
         const std::string t = numbered('t', temps++);
         value_name[i] = t;
         body << "    const T " << t << " = ";
@@ -61,9 +168,12 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
         case Op::Input: break;
         }
         body << ";\n";
+        const auto it = stores.find(i);
+        if (it == stores.end()) continue;
+        for (size_t k : it->second) body << "    out(" << k << ", s * " << t << ");\n";
+        stored += it->second.size();
     }
-    for (size_t k = 0; k < outputs.size(); ++k)
-        body << "    out(" << k << ", s * " << value_name.at(outputs[k].node) << ");\n";
+    if (stored != outputs.size()) throw std::logic_error(name + ": an output is not stored");
     body << "}\n";
     return body.str();
 }

@@ -6,11 +6,13 @@
 //   inline void name(const In& in, const Out& out, T s)
 //
 // reads every input with in(slot) first, holds each constant once as a
-// local, computes each node once into a const temporary, and ends with
-// out(slot, s * value) for every output in slot order: the scale product is
-// the last operation on each output and every output is stored once.
-// Temporaries are numbered in order of first use, constants likewise, so the
-// text depends on the graph alone.
+// local, computes each node once into a const temporary, and stores each
+// output with out(slot, s * value) right after its value is computed: the
+// scale product is the last operation on each output, every output is
+// stored once, and every read comes before the first store. The operations
+// are written in an order that keeps few values alive at a time (see the
+// scheduler in emit.cpp); temporaries are numbered in that order, constants
+// in order of first use, so the text depends on the graph alone.
 #ifndef ZPTG_GEN_EMIT_H
 #define ZPTG_GEN_EMIT_H
 
