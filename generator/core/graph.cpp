@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <stdexcept>
+#include <utility>
 
 namespace zptg::gen {
 
@@ -60,6 +61,14 @@ Real Graph::mul(long double c, Real x)
     Node n{Op::Mul, x.node};
     n.constant = constant_index(magnitude);
     return Real{intern(n), neg};
+}
+
+Real Graph::reorient(Real x)
+{
+    if (x.is_zero() || nodes_[x.node].op != Op::Sub) return x;
+    Node n = nodes_[x.node];
+    std::swap(n.a, n.b);
+    return Real{intern(n), !x.neg};
 }
 
 Real Graph::mul_distributed(long double c, Real x)

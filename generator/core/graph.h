@@ -44,8 +44,38 @@ struct Real {
     friend bool operator==(const Real&, const Real&) = default;
 };
 
+// Which differences of a Rader form's stages are taken the other way round.
+// A difference a - b can be made as the node a - b or as the node b - a
+// carried with a negative sign: the value is the same, but its sign decides
+// whether each later sum that uses it is an addition or a subtraction. So
+// these choices fix how a form's sums split into additions and
+// subtractions, and nothing else. A Rader rule names its choice, one for
+// the kernel of its own length and one for its use as a stage of a
+// composite length (rules/table.cpp); every other form keeps the plain
+// orientation of its written sums. The choice holds for all the stages the
+// form runs, the real transforms of its two halves included.
+struct Orientation {
+    bool start = false;            // Rader: B[0] = x[0] - A[0]/L
+    bool rotation_sums = false;    // Rader: the sum U of each rotation
+    bool rotation_differences = false;  // Rader: the difference V of each rotation
+    // Real forward conjugate-pair stages: the pair differences d[j], the
+    // cosine sums m[k] and the sine sums t[k].
+    bool pair_differences = false;
+    bool cosine_sums = false;
+    bool sine_sums = false;
+    // Real Good-Thomas stages: the outputs of the complex rows and of the
+    // real rows of a forward transform, and of an inverse one.
+    bool forward_complex_rows = false;
+    bool forward_real_rows = false;
+    bool inverse_complex_rows = false;
+    bool inverse_real_rows = false;
+};
+
 class Graph {
 public:
+    // The orientation the form being built asks for (see Orientation).
+    Orientation orientation;
+
     Real input(int slot);
     Real add(Real x, Real y);
     Real sub(Real x, Real y) { return add(x, -y); }
@@ -56,6 +86,12 @@ public:
     // that meet are held as their products, and the product with c is not
     // made. (For an x that has no other use: its products then go unused.)
     Real mul_distributed(long double c, Real x);
+    // The same value with its difference taken the other way round: for a
+    // difference a - b, the node b - a with the sign flipped. Other values
+    // are returned as they are.
+    Real reorient(Real x);
+    // reorient(x) where `flip` is set, else x.
+    Real oriented(Real x, bool flip) { return flip ? reorient(x) : x; }
 
     const std::vector<Node>& nodes() const { return nodes_; }
     const Node& node(int i) const { return nodes_[i]; }

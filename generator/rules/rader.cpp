@@ -32,6 +32,11 @@
 //
 // The inverse is the forward transform read at -k: X_inv[k] = X[p - k]. So
 // both directions make the same operations with the same constants.
+//
+// Which of the form's differences are taken the other way round (B[0], the
+// rotations' sums and differences, those of the real stages) is the rule's
+// orientation (core/graph.h), one for the kernel of length p and one for a
+// stage of a composite length; it holds while the form is built.
 #include "rules/rader_spectrum.h"
 #include "rules/real.h"
 #include "rules/transform.h"
@@ -58,7 +63,8 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 
     CVec X(p);
     X[0] = ops.add(a0, x[0]);
-    const Cplx b0 = ops.sub(x[0], ops.scale(1.0L / l, a0));
+    Cplx b0 = ops.sub(x[0], ops.scale(1.0L / l, a0));
+    b0 = {g.oriented(b0.re, g.orientation.start), g.oriented(b0.im, g.orientation.start)};
     HalfSpectrum vre(l / 2 + 1), vim(l / 2 + 1);
     vre[0] = {b0.re, Real{}};
     vim[0] = {b0.im, Real{}};
@@ -70,6 +76,8 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
             const Real m = a.re, t = -a.im;
             *u = g.add(g.mul(alpha2, m), g.mul(beta2, t));
             *v = g.add(g.mul(beta2, m), g.mul(-alpha2, t));
+            *u = g.oriented(*u, g.orientation.rotation_sums);
+            *v = g.oriented(*v, g.orientation.rotation_differences);
         };
         Real ure_k, vre_k, uim_k, vim_k;
         rotation(are[k], &ure_k, &vre_k);
@@ -97,11 +105,21 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 
 }  // namespace
 
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, bool as_stage)
 {
-    const CVec y = forward_rader(ops, rule, x);
-    if (dir == Dir::Forward) return y;
     const int p = rule.n;
+    Graph& g = ops.graph();
+    const Orientation outer = g.orientation;
+    g.orientation = as_stage ? rule.as_stage : rule.as_kernel;
+    CVec y;
+    try {
+        y = forward_rader(ops, rule, x);
+    } catch (...) {
+        g.orientation = outer;
+        throw;
+    }
+    g.orientation = outer;
+    if (dir == Dir::Forward) return y;
     CVec out(p);
     for (int k = 0; k < p; ++k) out[k] = y[(p - k) % p];
     return out;

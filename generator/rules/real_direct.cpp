@@ -30,7 +30,11 @@ HalfSpectrum real_direct_forward(Graph& g, const RVec& x, int power)
     RVec s(h), d(h);
     for (int j = 1; j <= h; ++j) s[j - 1] = g.add(x[j], x[p - j]);
     for (int j = 1; j <= h; ++j) d[j - 1] = g.sub(x[j], x[p - j]);
-    const PairSums<Real> sums = pair_sums(RealOps(g), p, power, x[0], s, d);
+    const Orientation& o = g.orientation;
+    for (Real& v : d) v = g.oriented(v, o.pair_differences);
+    PairSums<Real> sums = pair_sums(RealOps(g), p, power, x[0], s, d);
+    for (Real& v : sums.m) v = g.oriented(v, o.cosine_sums);
+    for (Real& v : sums.t) v = g.oriented(v, o.sine_sums);
     HalfSpectrum X(h + 1);
     X[0] = {sums.total, Real{}};
     for (int k = 1; k <= h; ++k) X[k] = {sums.m[k - 1], -sums.t[k - 1]};

@@ -60,6 +60,9 @@ HalfSpectrum forward_rows(Graph& g, const Split& s, const std::vector<HalfSpectr
             for (int n2 = 0; n2 < s.b; ++n2) z[n2] = y[n2][k1];
             row = complex_row(ops, z, Dir::Forward, s.power_b);
         }
+        const bool flip = s.real_row(k1) ? g.orientation.forward_real_rows
+                                         : g.orientation.forward_complex_rows;
+        for (Cplx& v : row) v = {g.oriented(v.re, flip), g.oriented(v.im, flip)};
         for (int k2 = 0; k2 < s.b; ++k2) store_spectrum(&X, s.n, s.out(k1, k2), row[k2]);
     }
     return X;
@@ -150,12 +153,15 @@ RVec real_good_thomas_inverse(Graph& g, const RealRule& rule, const HalfSpectrum
             HalfSpectrum Z(s.b / 2 + 1);
             for (int k2 = 0; 2 * k2 <= s.b; ++k2) Z[k2] = spectrum_at(X, s.n, s.out(k1, k2));
             const RVec z = real_inverse(g, *s.b_rule, Z, s.power_b);
-            for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = {z[n2], Real{}};
+            const bool flip = g.orientation.inverse_real_rows;
+            for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = {g.oriented(z[n2], flip), Real{}};
         } else {
             CVec Z(s.b);
             for (int k2 = 0; k2 < s.b; ++k2) Z[k2] = spectrum_at(X, s.n, s.out(k1, k2));
             const CVec z = complex_row(ops, Z, Dir::Inverse, s.power_b);
-            for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = z[n2];
+            const bool flip = g.orientation.inverse_complex_rows;
+            for (int n2 = 0; n2 < s.b; ++n2)
+                y[n2][k1] = {g.oriented(z[n2].re, flip), g.oriented(z[n2].im, flip)};
         }
     }
     RVec x(s.n);

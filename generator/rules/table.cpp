@@ -17,13 +17,41 @@ constexpr Rule gt(int n, int a, int b, const Rule* a_rule = nullptr)
     return Rule{n, Form::GoodThomas, a, b, a_rule};
 }
 constexpr Rule ct(int n, int a, int b) { return Rule{n, Form::CooleyTukey, a, b}; }
-constexpr Rule rader(int p, int g, const Rule* cycle)
+constexpr Rule rader(int p, int g, const Rule* cycle, Orientation as_kernel = {},
+                     Orientation as_stage = {})
 {
     Rule r{p, Form::Rader};
     r.root = g;
     r.cycle_rule = cycle;
+    r.as_kernel = as_kernel;
+    r.as_stage = as_stage;
     return r;
 }
+
+// The orientations of the Rader forms (core/graph.h): which differences each
+// takes the other way round, as a kernel and as a stage. They change no
+// value and no count of operations, only which sums are additions and which
+// subtractions; a form not named here takes every difference as written.
+constexpr Orientation orientation(bool start, bool rotation_sums, bool rotation_differences,
+                                  bool pair_differences, bool cosine_sums, bool sine_sums,
+                                  bool forward_complex_rows, bool forward_real_rows,
+                                  bool inverse_complex_rows, bool inverse_real_rows)
+{
+    return Orientation{start, rotation_sums, rotation_differences, pair_differences,
+                       cosine_sums, sine_sums, forward_complex_rows, forward_real_rows,
+                       inverse_complex_rows, inverse_real_rows};
+}
+//                                          start  U      V      d      m      t      fwd rows     inv rows
+//                                                                                    cplx   real  cplx   real
+constexpr Orientation k11Stage  = orientation(false, false, false, false, false, false, false, false, true,  false);
+constexpr Orientation k23Kernel = orientation(false, false, true,  true,  true,  false, false, false, true,  false);
+constexpr Orientation k23Stage  = orientation(false, false, false, true,  false, true,  false, false, true,  false);
+constexpr Orientation k29Kernel = orientation(true,  false, false, false, false, false, false, false, false, true);
+constexpr Orientation k29Stage  = orientation(false, false, true,  false, false, true,  false, false, false, true);
+constexpr Orientation k31Kernel = orientation(false, true,  true,  false, false, true,  true,  true,  false, false);
+constexpr Orientation k31Stage  = orientation(false, false, false, false, false, false, false, true,  false, false);
+constexpr Orientation k43Kernel = orientation(true,  true,  false, true,  false, true,  true,  false, false, false);
+constexpr Orientation k61Kernel = orientation(false, false, false, true,  true,  false, false, false, true,  false);
 
 // Stages whose factors run in another order than the kernel of their length.
 constexpr Rule k15_5x3 = gt(15, 5, 3);
@@ -55,7 +83,7 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[8] = ct(8, 2, 4);
     t[9] = ct(9, 3, 3);
     t[10] = gt(10, 2, 5);
-    t[11] = rader(11, 2, &k10_5x2);
+    t[11] = rader(11, 2, &k10_5x2, {}, k11Stage);
     t[12] = k12_4x3;
     t[13] = rader(13, 2, &k12_4x3);
     t[14] = gt(14, 2, 7);
@@ -67,15 +95,15 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[20] = gt(20, 4, 5);
     t[21] = gt(21, 3, 7);
     t[22] = k22_2x11;
-    t[23] = rader(23, 5, &k22_2x11);
+    t[23] = rader(23, 5, &k22_2x11, k23Kernel, k23Stage);
     t[24] = gt(24, 8, 3);
     t[25] = ct(25, 5, 5);
     t[26] = gt(26, 13, 2);
     t[27] = ct(27, 9, 3);
     t[28] = gt(28, 7, 4);
-    t[29] = rader(29, 2, &k28_4x7);
+    t[29] = rader(29, 2, &k28_4x7, k29Kernel, k29Stage);
     t[30] = k30_15x2;
-    t[31] = rader(31, 3, &k30_15x2);
+    t[31] = rader(31, 3, &k30_15x2, k31Kernel, k31Stage);
     t[32] = ct(32, 8, 4);
     t[33] = gt(33, 3, 11);
     t[34] = gt(34, 2, 17);
@@ -87,7 +115,7 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[40] = gt(40, 5, 8);
     t[41] = rader(41, 6, &k40_8x5);
     t[42] = k42_21x2;
-    t[43] = rader(43, 3, &k42_21x2);
+    t[43] = rader(43, 3, &k42_21x2, k43Kernel);
     t[44] = gt(44, 11, 4);
     t[45] = gt(45, 9, 5);
     t[46] = gt(46, 23, 2);
@@ -105,7 +133,7 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[58] = gt(58, 29, 2);
     t[59] = rader(59, 2, &k58_2x29);
     t[60] = k60_15x4;
-    t[61] = rader(61, 2, &k60_15x4);
+    t[61] = rader(61, 2, &k60_15x4, k61Kernel);
     t[62] = gt(62, 31, 2);
     t[63] = gt(63, 7, 9);
     t[64] = ct(64, 8, 8);

@@ -7,6 +7,8 @@
 #ifndef ZPTG_GEN_RULES_TABLE_H
 #define ZPTG_GEN_RULES_TABLE_H
 
+#include "core/graph.h"
+
 namespace zptg::gen {
 
 struct RealRule;
@@ -29,6 +31,11 @@ struct Rule {
     const Rule* cycle_rule = nullptr;
     const RealRule* first_half = nullptr;
     const RealRule* second_half = nullptr;
+    // Rader: which of its differences the form takes the other way round
+    // (core/graph.h), as the kernel of its length and as a stage of a
+    // composite length.
+    Orientation as_kernel{};
+    Orientation as_stage{};
 };
 
 // The rule of a complex kernel of length n, 2 <= n <= 64.

@@ -4,18 +4,34 @@
 #include <stdexcept>
 
 namespace zptg::gen {
+namespace {
+
+// How many complex transforms are being built, one inside the other: a
+// transform built while another one is is a stage of that one.
+int nesting = 0;
+
+struct Nested {
+    Nested() { ++nesting; }
+    ~Nested() { --nesting; }
+    Nested(const Nested&) = delete;
+    Nested& operator=(const Nested&) = delete;
+};
+
+}  // namespace
 
 CVec transform(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
 {
     if (int(x.size()) != rule.n) throw std::logic_error("rule applied to a sequence of another length");
     power = ((power % rule.n) + rule.n) % rule.n;
     if (std::gcd(power, rule.n) != 1) throw std::logic_error("a transform's power must be a unit");
+    const bool as_stage = nesting > 0;
+    const Nested nested;
     CVec plain;
     switch (rule.form) {
     case Form::Direct: plain = direct_form(ops, x, dir); break;
     case Form::GoodThomas: plain = good_thomas_form(ops, rule, x, dir); break;
     case Form::CooleyTukey: plain = cooley_tukey_form(ops, rule, x, dir); break;
-    case Form::Rader: plain = rader_form(ops, rule, x, dir); break;
+    case Form::Rader: plain = rader_form(ops, rule, x, dir, as_stage); break;
     }
     if (power == 1) return plain;
     // sum over n of x[n] w^(r n k) = X[r k mod N].

@@ -22,7 +22,9 @@ CVec transform(const ComplexOps& ops, const CVec& x, Dir dir, int power = 1);
 CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir);
 CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
 CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir);
+// as_stage: the transform is a stage of a composite length, which takes the
+// rule's stage orientation (Rule::as_stage) instead of the kernel's.
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, bool as_stage);
 
 // v times the twiddle w^e, w = exp(-+2 pi i / n) in direction dir, at the
 // cost of the Cooley-Tukey form (free for multiples of n/4, two products

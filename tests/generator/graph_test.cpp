@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 #include "core/analysis.h"
 #include "core/graph.h"
@@ -33,6 +34,28 @@ TEST(Graph, SignsBecomeTheChoiceOfSumOrDifference)
     EXPECT_TRUE(f.neg);
     EXPECT_EQ(g.node(f.node).op, Op::Add);
     EXPECT_EQ(g.sub(-a, b), f) << "-a - b is the same negated sum";
+}
+
+TEST(Graph, ADifferenceTakenTheOtherWayRoundKeepsItsValue)
+{
+    Graph g;
+    const Real a = g.input(0), b = g.input(1), c = g.input(2);
+    const Real d = g.sub(a, b);
+    const Real r = g.reorient(d);  // -(b - a)
+    EXPECT_TRUE(r.neg);
+    EXPECT_EQ(g.node(r.node).op, Op::Sub);
+    EXPECT_EQ(g.node(r.node).a, b.node);
+    EXPECT_EQ(g.reorient(r), d) << "twice is the difference as it was";
+    EXPECT_EQ(g.reorient(g.add(a, b)), g.add(a, b)) << "a sum has no orientation";
+    EXPECT_EQ(g.oriented(d, false), d);
+
+    // The sign it carries turns the next sum into the other operation.
+    const Real plain = g.add(c, d), turned = g.add(c, r);
+    EXPECT_EQ(g.node(plain.node).op, Op::Add);
+    EXPECT_EQ(g.node(turned.node).op, Op::Sub);
+    const std::vector<long double> in = {5, 3, 11};
+    EXPECT_EQ(evaluate(g, {plain, turned, d, r}, in),
+              (std::vector<long double>{13, 13, 2, 2}));
 }
 
 TEST(Graph, ProductsHoldPositiveConstantsOnly)
