@@ -68,16 +68,17 @@ ZPTG_BODY void twist_row(const T* row, const T* pairs, Cplx<T>* t)
     });
 }
 
-// V[s], s = 0 .. D2-1, of one row, the upper half conjugated. F_t is at
-// row[t] (C) and row[D2 + t] (S). Rules 1 to 3 (D2 = 2, 4, 8) read D2 - 1
-// pairs at `a`. D2 = 16 reads one triple at `a` and four at `b`; D2 = 32
-// reads eight triples at `a` and seven pairs at `b`.
-template <int D2, class T>
-ZPTG_BODY void row_dft(const T* row, const T* a, const T* b, Cplx<T>* V)
+// V[s], s = 0 .. D2-1, of one row, the upper half conjugated, handed to
+// put(S, V[s]) with S an integral constant. F_t is at row[t] (C) and
+// row[D2 + t] (S). Rules 1 to 3 (D2 = 2, 4, 8) read D2 - 1 pairs at `a`.
+// D2 = 16 reads one triple at `a` and four at `b`; D2 = 32 reads eight
+// triples at `a` and seven pairs at `b`.
+template <int D2, class T, class Put>
+ZPTG_BODY void row_dft_f(const T* row, const T* a, const T* b, Put&& put)
 {
     static_assert(D2 == 2 || D2 == 4 || D2 == 8 || D2 == 16 || D2 == 32);
     if constexpr (D2 <= 8) {
-        Cplx<T> t[D2];
+        Cplx<T> t[D2], V[D2];
         twist_row<D2>(row, a, t);
         if constexpr (D2 == 2) {
             V[0] = t[0] + t[1];
@@ -87,11 +88,12 @@ ZPTG_BODY void row_dft(const T* row, const T* a, const T* b, Cplx<T>* V)
         } else {
             dft8<true>(t, V);
         }
+        unroll<D2>([&](auto S) __attribute__((always_inline)) { put(S, V[S]); });
     } else {
         // t = c + 4 t'. First level: for each c a DFT over t' of length
         // L = D2 / 4 of the values twisted by w4^t'; then D_c(s') is turned
         // by the fine twiddle (s', c); last, a 4-point DFT over c gives
-        // V(s' + L s'').
+        // V(s' + L s''), handed out as it is formed.
         constexpr int L = D2 / 4;
         const T* fine = D2 == 16 ? b : a;
         const T* coarse = D2 == 16 ? a : b;
@@ -120,25 +122,26 @@ ZPTG_BODY void row_dft(const T* row, const T* a, const T* b, Cplx<T>* V)
             });
             Cplx<T> Y[4];
             dft4<true>(y, Y);
-            unroll<4>([&](auto R) __attribute__((always_inline)) { V[s + L * R] = Y[R]; });
+            unroll<4>([&](auto R) __attribute__((always_inline)) {
+                put(std::integral_constant<int, s + L * R>{}, Y[R]);
+            });
         });
     }
 }
 
 // One row through the DFT, stored: V[s] for s < D2/2 at fwd + s step, and
 // the conjugated V[D2 - s] for s = 1 .. D2/2 at rev + (s - 1) step; real
-// part first, imaginary part imOffset further.
+// part first, imaginary part imOffset further. Each V is stored as soon as
+// it is formed.
 template <int D2, class T>
 ZPTG_BODY void row_dft_store(const T* row, const T* a, const T* b, T* fwd, T* rev, int step,
                              int imOffset)
 {
-    Cplx<T> V[D2];
-    row_dft<D2>(row, a, b, V);
-    unroll<D2 / 2>([&](auto S) __attribute__((always_inline)) {
-        fwd[S * step] = V[S].re;
-        fwd[S * step + imOffset] = V[S].im;
-        rev[S * step] = V[D2 - 1 - S].re;
-        rev[S * step + imOffset] = V[D2 - 1 - S].im;
+    row_dft_f<D2>(row, a, b, [&](auto S, Cplx<T> v) __attribute__((always_inline)) {
+        constexpr int s = S;
+        T* const at = s < D2 / 2 ? fwd + s * step : rev + (D2 - 1 - s) * step;
+        at[0] = v.re;
+        at[imOffset] = v.im;
     });
 }
 
