@@ -210,6 +210,47 @@ TEST_F(DCT4Interface, DamagedRuleIsNotPlanned)
     }
 }
 
+// The exported transform runs the context's tree: a changed entry of the
+// root's row table (env2) or of the inner row table (env6) changes the
+// result, and changing it back restores the result bit for bit. (Each
+// list head holds its first item, which is what compute looks up.)
+template <class T>
+void expect_tables_are_read(int n)
+{
+    SCOPED_TRACE(testing::Message() << "N " << n << " element size " << sizeof(T));
+    int size = 0;
+    ASSERT_EQ(Api<T>::size(n, &size), zptgStatusOk);
+    std::vector<unsigned char> block(static_cast<size_t>(size));
+    typename Api<T>::Context* c = nullptr;
+    ASSERT_EQ(Api<T>::init(&c, n, block.data()), zptgStatusOk);
+    auto* const root = reinterpret_cast<zptg::env1<T>*>(c);
+    auto* const rows = static_cast<zptg::env2<T>*>(root->postList->env);
+    auto* const first = static_cast<zptg::env3<T>*>(root->preList->env);
+    auto* const inner = static_cast<zptg::env4<T>*>(first->childList->env);
+    ASSERT_NE(inner, nullptr);
+    auto* const inner_rows = static_cast<zptg::env6<T>*>(inner->postList->env);
+
+    const std::vector<T> x = test_signal<T>(static_cast<size_t>(n));
+    std::vector<T> planned(static_cast<size_t>(n)), changed(planned), again(planned);
+    ASSERT_EQ(Api<T>::run(x.data(), planned.data(), c), zptgStatusOk);
+    for (T* entry : {rows->table + 3, inner_rows->table + 5}) {
+        const T kept = *entry;
+        *entry = kept + T(0.25);
+        ASSERT_EQ(Api<T>::run(x.data(), changed.data(), c), zptgStatusOk);
+        EXPECT_NE(changed, planned);
+        *entry = kept;
+        ASSERT_EQ(Api<T>::run(x.data(), again.data(), c), zptgStatusOk);
+        EXPECT_EQ(again, planned);
+    }
+    EXPECT_LT(relative_error(x, planned.data()), sizeof(T) == 4 ? 1e-5 : 1e-13);
+}
+
+TEST_F(DCT4Interface, TransformRunsThroughThePlanTree)
+{
+    expect_tables_are_read<float>(4096);
+    expect_tables_are_read<double>(4096);
+}
+
 // ---- Allocation ---------------------------------------------------------------
 
 template <class T>
