@@ -26,12 +26,16 @@ CVec transform(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, 
     if (std::gcd(power, rule.n) != 1) throw std::logic_error("a transform's power must be a unit");
     const bool as_stage = nesting > 0;
     const Nested nested;
+    // Only a direct form can run as the second stage of a Cooley-Tukey
+    // form with its pair differences reversed; a composite form sets this
+    // for its own stages.
+    const ComplexOps inner = ops.with_pair_differences_reversed(false);
     CVec plain;
     switch (rule.form) {
     case Form::Direct: plain = direct_form(ops, x, dir); break;
-    case Form::GoodThomas: plain = good_thomas_form(ops, rule, x, dir); break;
-    case Form::CooleyTukey: plain = cooley_tukey_form(ops, rule, x, dir); break;
-    case Form::Rader: plain = rader_form(ops, rule, x, dir, as_stage); break;
+    case Form::GoodThomas: plain = good_thomas_form(inner, rule, x, dir); break;
+    case Form::CooleyTukey: plain = cooley_tukey_form(inner, rule, x, dir, as_stage); break;
+    case Form::Rader: plain = rader_form(inner, rule, x, dir, as_stage); break;
     }
     if (power == 1) return plain;
     // sum over n of x[n] w^(r n k) = X[r k mod N].

@@ -7,7 +7,9 @@
 #include <numeric>
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "core/analysis.h"
 #include "core/emit.h"
 #include "families/complex_family.h"
 #include "rules/transform.h"
@@ -139,6 +141,74 @@ TEST(Forms, CompositeLengthsObeyTheRuleOfComposition)
         EXPECT_EQ(whole.products,
                   r.second * first.products + r.first * second.products + tw_products)
             << "length " << n;
+    }
+}
+
+// A twiddle made as the negated turn by its angle less a half turn is the
+// same value at the same cost; only the signs its parts are carried with
+// and the orientation of its difference change.
+TEST(Forms, ANegatedTurnIsTheSameTwiddle)
+{
+    const std::vector<long double> in = {0.3L, -0.7L};
+    for (int n : {9, 25, 27, 49, 64}) {
+        for (Dir d : {Dir::Forward, Dir::Inverse}) {
+            for (int e = 1; e < n; ++e) {
+                if (8 * e % n == 0) continue;  // not a plain complex product
+                Graph g;
+                const ComplexOps ops(g);
+                const Cplx v{g.input(0), g.input(1)};
+                const Cplx plain = twiddle(ops, v, e, n, d);
+                const std::vector<long double> want = evaluate(g, {plain.re, plain.im}, in);
+                for (NegatedTurns m : {NegatedTurns::PastHalfTurn, NegatedTurns::PastQuarterTurn}) {
+                    const Cplx t = twiddle(ops, v, e, n, d, m);
+                    const bool turned = m == NegatedTurns::PastHalfTurn ? 2 * e > n : 4 * e > n;
+                    // Short of three quarter turns the angle less a half
+                    // turn has a positive cosine, and both parts of the
+                    // negated turn are carried negated.
+                    if (4 * e < 3 * n) {
+                        EXPECT_EQ(t.re.neg && t.im.neg, turned) << n << " " << e;
+                    }
+                    EXPECT_EQ(count(g, {t.re, t.im}), count(g, {plain.re, plain.im})) << n << " " << e;
+                    const std::vector<long double> got = evaluate(g, {t.re, t.im}, in);
+                    EXPECT_NEAR(double(got[0]), double(want[0]), 1e-18) << n << " " << e;
+                    EXPECT_NEAR(double(got[1]), double(want[1]), 1e-18) << n << " " << e;
+                }
+            }
+        }
+    }
+}
+
+// Reversed pair differences leave the values and the number of operations
+// of a conjugate-pair form as they are.
+TEST(Forms, ReversedPairDifferencesKeepTheTransform)
+{
+    for (int p : {3, 5, 7}) {
+        Graph g;
+        const ComplexOps ops(g);
+        CVec x(p);
+        std::vector<long double> in;
+        for (int i = 0; i < p; ++i) {
+            x[i] = {g.input(2 * i), g.input(2 * i + 1)};
+            in.push_back(0.25L * i - 0.5L);
+            in.push_back(1.0L / (i + 2));
+        }
+        auto parts = [](const CVec& y) {
+            std::vector<Real> out;
+            for (const Cplx& v : y) {
+                out.push_back(v.re);
+                out.push_back(v.im);
+            }
+            return out;
+        };
+        const std::vector<Real> plain = parts(direct_form(ops, x, Dir::Forward));
+        const std::vector<Real> reversed =
+            parts(direct_form(ops.with_pair_differences_reversed(true), x, Dir::Forward));
+        EXPECT_NE(plain, reversed) << p;
+        const Counts a = count(g, plain), b = count(g, reversed);
+        EXPECT_EQ(a.additions + a.subtractions, b.additions + b.subtractions) << p;
+        EXPECT_EQ(a.products, b.products) << p;
+        const std::vector<long double> va = evaluate(g, plain, in), vb = evaluate(g, reversed, in);
+        for (size_t i = 0; i < va.size(); ++i) EXPECT_NEAR(double(va[i]), double(vb[i]), 1e-17) << p;
     }
 }
 
