@@ -46,6 +46,15 @@ struct RealRule {
     int root = 0;
     const RealRule* first = nullptr;
     const RealRule* second = nullptr;
+    // Rader: which of its differences the form takes the other way round,
+    // as the complex Rader rules name theirs (core/graph.h): the start
+    // t0 = x0 - U[0]/L, the difference of each spectrum rotation, and, in
+    // the forward form, the outputs of its two inverse halves. Values and
+    // counts stay as they are; only the split of the later sums into
+    // additions and subtractions follows.
+    bool reversed_start = false;
+    bool reversed_rotations = false;
+    bool reversed_halves = false;
 };
 
 // The rule of the real kernels of length n, forward and inverse.

@@ -48,9 +48,13 @@ HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Rea
     for (int j = 1; j < l / 2; ++j) {
         const auto c = rader_spectrum(p, rule.root, j, dir, 1);
         v[j] = ops.rotate(u[j], 2 * c.real(), 2 * c.imag());
+        v[j] = {g.oriented(v[j].re, rule.reversed_rotations),
+                g.oriented(v[j].im, rule.reversed_rotations)};
     }
     const auto c = rader_spectrum(p, rule.root, l / 2, dir, 1);
     v[l / 2] = ops.rotate(u[l / 2], c.real(), c.imag());
+    v[l / 2] = {g.oriented(v[l / 2].re, rule.reversed_rotations),
+                g.oriented(v[l / 2].im, rule.reversed_rotations)};
     return v;
 }
 
@@ -70,7 +74,7 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
     const HalfSpectrum U = real_forward(g, first_rule(rule), u, 1);
     HalfSpectrum X(h + 1);
     X[0] = {g.add(x[0], U[0].re), Real{}};
-    const Real t0 = g.sub(x[0], g.mul(1.0L / l, U[0].re));
+    const Real t0 = g.oriented(g.sub(x[0], g.mul(1.0L / l, U[0].re)), rule.reversed_start);
     const HalfSpectrum V = spectrum_product(g, rule, CVec(U.begin(), U.end()), t0, Dir::Forward);
     HalfSpectrum even(l / 2 + 1), odd(l / 2 + 1);
     for (int j = 0; j <= l / 2; ++j) {
@@ -79,8 +83,10 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
         else
             odd[j] = ComplexOps::times_i(V[j], -1);
     }
-    const RVec re = real_inverse(g, second_rule(rule), even, 1);
-    const RVec im = real_inverse(g, second_rule(rule), odd, 1);
+    RVec re = real_inverse(g, second_rule(rule), even, 1);
+    RVec im = real_inverse(g, second_rule(rule), odd, 1);
+    for (Real& v : re) v = g.oriented(v, rule.reversed_halves);
+    for (Real& v : im) v = g.oriented(v, rule.reversed_halves);
     // X[g^-(m + L/2)] = conj X[g^-m]: of each pair of outputs the one the
     // inverse makes as it is.
     const RealRule& inverse = second_rule(rule);
@@ -111,7 +117,7 @@ RVec real_rader_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, i
     for (int j = 0; j <= l / 2; ++j) U[j] = j % 2 == 0 ? R[j] : ComplexOps::times_i(R[j], 1);
     RVec x(p);
     x[0] = g.add(X[0].re, U[0].re);
-    const Real t0 = g.sub(X[0].re, g.mul(1.0L / l, U[0].re));
+    const Real t0 = g.oriented(g.sub(X[0].re, g.mul(1.0L / l, U[0].re)), rule.reversed_start);
     const HalfSpectrum V = spectrum_product(g, rule, U, t0, Dir::Inverse);
     const RVec v = real_inverse(g, second_rule(rule), V, 1);
     const int g_inv = power_mod(rule.root, l - 1, p);

@@ -26,12 +26,17 @@ constexpr RealRule gt(int n, int a, int b, const RealRule* a_rule = nullptr,
     return RealRule{n, RealForm::GoodThomas, a, b, a_rule, b_rule};
 }
 constexpr RealRule ct(int n, int a, int b) { return RealRule{n, RealForm::CooleyTukey, a, b}; }
-constexpr RealRule rader(int p, int g, const RealRule* first, const RealRule* second)
+constexpr RealRule rader(int p, int g, const RealRule* first, const RealRule* second,
+                         bool reversed_start = false, bool reversed_rotations = false,
+                         bool reversed_halves = false)
 {
     RealRule r{p, RealForm::Rader};
     r.root = g;
     r.first = first;
     r.second = second;
+    r.reversed_start = reversed_start;
+    r.reversed_rotations = reversed_rotations;
+    r.reversed_halves = reversed_halves;
     return r;
 }
 
@@ -45,12 +50,15 @@ constexpr RealRule kInv12Rows = gt(12, 3, 4);
 constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 
 // The Rader entries, forward and inverse (roots as in the complex table).
+// 23, whose real forms run only inside the halves of 47, takes its start and
+// its rotations the other way round, and forward the outputs of its halves
+// too: with the orientation of 47 (rules/table.cpp) that is the split of 47.
 constexpr RealRule kForward13 = rader(13, 2, &kChain12, nullptr);
-constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr);
+constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr, true, true, true);
 constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr);
 constexpr RealRule kInverse11 = rader(11, 2, nullptr, nullptr);
 constexpr RealRule kInverse13 = rader(13, 2, &kChain12, nullptr);
-constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct);
+constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct, true, true);
 constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr);
 
 struct Entry {

@@ -51,6 +51,7 @@ constexpr Orientation k29Stage  = orientation(false, false, true,  false, false,
 constexpr Orientation k31Kernel = orientation(false, true,  true,  false, false, true,  true,  true,  false, false);
 constexpr Orientation k31Stage  = orientation(false, false, false, false, false, false, false, true,  false, false);
 constexpr Orientation k43Kernel = orientation(true,  true,  false, true,  false, true,  true,  false, false, false);
+constexpr Orientation k47Kernel = orientation(false, false, false, false, true,  true,  false, false, false, false);
 constexpr Orientation k61Kernel = orientation(false, false, false, true,  true,  false, false, false, true,  false);
 
 // Stages whose factors run in another order than the kernel of their length.
@@ -119,7 +120,7 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[44] = gt(44, 11, 4);
     t[45] = gt(45, 9, 5);
     t[46] = gt(46, 23, 2);
-    t[47] = rader(47, 5, &k46_2x23);
+    t[47] = rader(47, 5, &k46_2x23, k47Kernel);
     t[48] = gt(48, 3, 16);
     t[49] = ct(49, 7, 7);
     t[50] = gt(50, 25, 2);

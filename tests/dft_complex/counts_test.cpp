@@ -68,7 +68,7 @@ std::string compare(const Counted& c, const RuleCounts& t, bool below)
 // round. For these the two columns are held to their total; every other
 // column and every other length is held column by column. A length leaves
 // this list as soon as the generator reaches its split.
-constexpr int kOpenSplit[] = {47, 59};
+constexpr int kOpenSplit[] = {59};
 
 bool split_is_open(int n)
 {
