@@ -53,13 +53,17 @@ constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 // 23, whose real forms run only inside the halves of 47, takes its start and
 // its rotations the other way round, and forward the outputs of its halves
 // too: with the orientation of 47 (rules/table.cpp) that is the split of 47.
+// 29, whose real forms run only inside 59, takes its start the other way
+// round, and forward its rotations too: with the orientation of 59 that
+// brings 59 (which makes fewer sums than its table row) under its row in
+// additions and in subtractions.
 constexpr RealRule kForward13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr, true, true, true);
-constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr);
+constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr, true, true);
 constexpr RealRule kInverse11 = rader(11, 2, nullptr, nullptr);
 constexpr RealRule kInverse13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct, true, true);
-constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr);
+constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr, true);
 
 struct Entry {
     int n;

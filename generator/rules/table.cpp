@@ -52,6 +52,7 @@ constexpr Orientation k31Kernel = orientation(false, true,  true,  false, false,
 constexpr Orientation k31Stage  = orientation(false, false, false, false, false, false, false, true,  false, false);
 constexpr Orientation k43Kernel = orientation(true,  true,  false, true,  false, true,  true,  false, false, false);
 constexpr Orientation k47Kernel = orientation(false, false, false, false, true,  true,  false, false, false, false);
+constexpr Orientation k59Kernel = orientation(false, true,  true,  false, true,  false, false, true,  false, false);
 constexpr Orientation k61Kernel = orientation(false, false, false, true,  true,  false, false, false, true,  false);
 
 // Stages whose factors run in another order than the kernel of their length.
@@ -132,7 +133,7 @@ constexpr std::array<Rule, 65> kRules = [] {
     t[56] = gt(56, 7, 8);
     t[57] = gt(57, 19, 3);
     t[58] = gt(58, 29, 2);
-    t[59] = rader(59, 2, &k58_2x29);
+    t[59] = rader(59, 2, &k58_2x29, k59Kernel);
     t[60] = k60_15x4;
     t[61] = rader(61, 2, &k60_15x4, k61Kernel);
     t[62] = gt(62, 31, 2);
