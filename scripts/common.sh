@@ -25,12 +25,14 @@ zptg_install_build_deps() {
 
 # Sets ZPTG_EMULATOR to "" where 32-bit programs run natively, or to the
 # qemu-i386 path (installing qemu-user) where the kernel refuses them.
+# ZPTG_FORCE_EMULATOR=1 takes the emulator path anyway, to try it out on a
+# machine that does run them.
 zptg_probe_i386() {
     local dir
     dir=$(mktemp -d)
     printf 'int main(void) { return 0; }\n' > "$dir/probe.c"
     gcc -m32 "$dir/probe.c" -o "$dir/probe"
-    if "$dir/probe" >/dev/null 2>&1; then
+    if [ "${ZPTG_FORCE_EMULATOR:-0}" != 1 ] && "$dir/probe" >/dev/null 2>&1; then
         ZPTG_EMULATOR=""
         echo "32-bit programs run natively here"
     else
