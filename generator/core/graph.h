@@ -73,8 +73,12 @@ struct Orientation {
 
 class Graph {
 public:
-    // The orientation the form being built asks for (see Orientation).
+    // Where the graph's builder stands, kept with the graph it builds: the
+    // orientation the form being built asks for (see Orientation), and how
+    // many complex transforms are being built one inside the other (a
+    // transform built inside another is a stage of it).
     Orientation orientation;
+    int transform_depth = 0;
 
     Real input(int slot);
     Real add(Real x, Real y);
@@ -108,6 +112,21 @@ private:
     std::map<double, int> constant_by_value_;
     std::map<std::tuple<Op, int, int, int, int>, int> interned_;
     int input_count_ = 0;
+};
+
+// Sets a graph's builder state for a scope and restores it on leaving,
+// also when the build throws.
+template <class V>
+class ScopedValue {
+public:
+    ScopedValue(V& slot, V value) : slot_(slot), saved_(slot) { slot_ = value; }
+    ~ScopedValue() { slot_ = saved_; }
+    ScopedValue(const ScopedValue&) = delete;
+    ScopedValue& operator=(const ScopedValue&) = delete;
+
+private:
+    V& slot_;
+    V saved_;
 };
 
 }  // namespace zptg::gen

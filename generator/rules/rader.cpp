@@ -108,17 +108,11 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, bool as_stage)
 {
     const int p = rule.n;
-    Graph& g = ops.graph();
-    const Orientation outer = g.orientation;
-    g.orientation = as_stage ? rule.as_stage : rule.as_kernel;
-    CVec y;
-    try {
-        y = forward_rader(ops, rule, x);
-    } catch (...) {
-        g.orientation = outer;
-        throw;
-    }
-    g.orientation = outer;
+    const CVec y = [&] {
+        const ScopedValue<Orientation> oriented(ops.graph().orientation,
+                                                as_stage ? rule.as_stage : rule.as_kernel);
+        return forward_rader(ops, rule, x);
+    }();
     if (dir == Dir::Forward) return y;
     CVec out(p);
     for (int k = 0; k < p; ++k) out[k] = y[(p - k) % p];

@@ -4,28 +4,16 @@
 #include <stdexcept>
 
 namespace zptg::gen {
-namespace {
-
-// How many complex transforms are being built, one inside the other: a
-// transform built while another one is is a stage of that one.
-int nesting = 0;
-
-struct Nested {
-    Nested() { ++nesting; }
-    ~Nested() { --nesting; }
-    Nested(const Nested&) = delete;
-    Nested& operator=(const Nested&) = delete;
-};
-
-}  // namespace
 
 CVec transform(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, int power)
 {
     if (int(x.size()) != rule.n) throw std::logic_error("rule applied to a sequence of another length");
     power = ((power % rule.n) + rule.n) % rule.n;
     if (std::gcd(power, rule.n) != 1) throw std::logic_error("a transform's power must be a unit");
-    const bool as_stage = nesting > 0;
-    const Nested nested;
+    // A transform built inside another one is a stage of it.
+    Graph& g = ops.graph();
+    const bool as_stage = g.transform_depth > 0;
+    const ScopedValue<int> nested(g.transform_depth, g.transform_depth + 1);
     // Only a direct form can run as the second stage of a Cooley-Tukey
     // form with its pair differences reversed; a composite form sets this
     // for its own stages.
