@@ -132,12 +132,32 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     body << "template <class T, class In, class Out>\n"
          << "inline void " << name << "(const In& in, const Out& out, T s)\n{\n";
 
-    // Every input is read before anything else happens.
-    for (int i = 0; i < g.input_count(); ++i) body << "    const T x" << i << " = in(" << i << ");\n";
+    // Each input is read where it is first used, so that the compiler can
+    // take it straight from memory as an operand instead of holding it in a
+    // register (or spilling it) from the top; inputs that no operation uses
+    // are read first. Stores wait until the last input has been read, so
+    // that all reads come before the first store and dst may equal src.
+    std::vector<int> first_use(size_t(g.input_count()), -1);  // position in `order`
+    for (size_t pos = 0; pos < order.size(); ++pos) {
+        const Node& n = g.node(order[pos]);
+        for (int operand : {n.a, n.b})
+            if (operand >= 0 && g.node(operand).op == Op::Input && first_use[size_t(g.node(operand).input)] < 0)
+                first_use[size_t(g.node(operand).input)] = int(pos);
+    }
+    int unread = g.input_count();
+    std::vector<char> read(size_t(g.input_count()), 0);
+    auto read_input = [&](int input) {
+        if (read[size_t(input)]) return;
+        read[size_t(input)] = 1;
+        --unread;
+        body << "    const T x" << input << " = in(" << input << ");\n";
+    };
     for (size_t i = 0; i < g.nodes().size(); ++i) {
         const Node& n = g.node(int(i));
         if (n.op == Op::Input) value_name[int(i)] = numbered('x', size_t(n.input));
     }
+    for (int i = 0; i < g.input_count(); ++i)
+        if (first_use[size_t(i)] < 0) read_input(i);
     // Each constant once, in order of first use.
     for (int i : order) {
         const Node& n = g.node(i);
@@ -148,16 +168,29 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
              << ");\n";
     }
     // The operations in the scheduler's order, each output stored as soon
-    // as its value is made (all reads are above).
+    // as its value is made and every input has been read.
     size_t stored = 0;
-    for (size_t k = 0; k < outputs.size(); ++k)
-        if (g.node(outputs[k].node).op == Op::Input) {
-            body << "    out(" << k << ", s * " << value_name.at(outputs[k].node) << ");\n";
-            ++stored;
+    std::vector<std::pair<size_t, std::string>> waiting;  // stores held back by a read to come
+    auto store = [&](size_t k, const std::string& value) {
+        if (unread > 0) {
+            waiting.emplace_back(k, value);
+            return;
         }
+        body << "    out(" << k << ", s * " << value << ");\n";
+        ++stored;
+    };
+    for (size_t k = 0; k < outputs.size(); ++k)
+        if (g.node(outputs[k].node).op == Op::Input) store(k, value_name.at(outputs[k].node));
     size_t temps = 0;
     for (int i : order) {
         const Node& n = g.node(i);
+        for (int operand : {n.a, n.b})
+            if (operand >= 0 && g.node(operand).op == Op::Input) read_input(g.node(operand).input);
+        if (unread == 0 && !waiting.empty()) {
+            const auto held = std::move(waiting);
+            waiting.clear();
+            for (const auto& [k, value] : held) store(k, value);
+        }
         const std::string t = numbered('t', temps++);
         value_name[i] = t;
         body << "    const T " << t << " = ";
@@ -170,8 +203,7 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
         body << ";\n";
         const auto it = stores.find(i);
         if (it == stores.end()) continue;
-        for (size_t k : it->second) body << "    out(" << k << ", s * " << t << ");\n";
-        stored += it->second.size();
+        for (size_t k : it->second) store(k, t);
     }
     if (stored != outputs.size()) throw std::logic_error(name + ": an output is not stored");
     body << "}\n";

@@ -34,8 +34,6 @@ TapeSummary summarize(const Tape& tape, int n)
         const Step& s = tape[i];
         if (s.a >= 0) ++uses[s.a];
         if (s.b >= 0) ++uses[s.b];
-        const bool arithmetic = s.op == Op::Add || s.op == Op::Sub || s.op == Op::Mul;
-        if (arithmetic && sum.first_arithmetic < 0) sum.first_arithmetic = i;
         switch (s.op) {
         case Op::Input:
             kind[i] = Kind::Data;

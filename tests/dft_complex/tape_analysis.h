@@ -25,7 +25,6 @@ struct TapeSummary {
     std::vector<int> reads;   // per slot
     std::vector<int> stores;  // per slot
     int last_read = -1;       // tape positions
-    int first_arithmetic = -1;
     int first_store = -1;
     std::vector<std::string> faults;
 };
