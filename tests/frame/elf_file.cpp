@@ -54,7 +54,7 @@ bool ElfFile::load(const std::string& path, std::string* error)
 
     struct Raw {
         uint32_t name, type, link;
-        uint64_t flags, offset, size, entsize;
+        uint64_t offset, size, entsize;
     };
     std::vector<Raw> raw(shnum);
     for (unsigned i = 0; i < shnum; ++i) {
@@ -62,14 +62,13 @@ bool ElfFile::load(const std::string& path, std::string* error)
         Raw& r = raw[i];
         r.name = uint32_t(b.get(h, 4));
         r.type = uint32_t(b.get(h + 4, 4));
-        r.flags = b.get(h + 8, w);
         r.offset = b.get(h + 8 + 2 * w, w);
         r.size = b.get(h + 8 + 3 * w, w);
         r.link = uint32_t(b.get(h + 8 + 4 * w, 4));
         r.entsize = b.get(h + 16 + 5 * w, w);
     }
     for (const Raw& r : raw) {
-        sections.push_back({b.str(raw.at(shstrndx).offset + r.name), r.type, r.flags, r.size});
+        sections.push_back({b.str(raw.at(shstrndx).offset + r.name), r.size});
     }
     for (const Raw& r : raw) {
         const uint64_t strtab = raw.at(r.link).offset;
@@ -81,7 +80,6 @@ bool ElfFile::load(const std::string& path, std::string* error)
                 const unsigned info = unsigned(b.get(info_at, 1));
                 s.type = info & 0xf;
                 s.binding = info >> 4;
-                s.visibility = unsigned(b.get(info_at + 1, 1)) & 3;
                 s.section = uint16_t(b.get(info_at + 2, 2));
                 dynamic_symbols.push_back(s);
             }

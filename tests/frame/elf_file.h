@@ -12,8 +12,6 @@ namespace zptg::test {
 
 struct ElfSection {
     std::string name;
-    uint32_t type = 0;
-    uint64_t flags = 0;
     uint64_t size = 0;
 };
 
@@ -21,7 +19,6 @@ struct ElfSymbol {
     std::string name;
     unsigned type = 0;     // STT_*
     unsigned binding = 0;  // STB_*
-    unsigned visibility = 0;
     uint16_t section = 0;  // 0 for undefined
 };
 

@@ -6,7 +6,6 @@
 #include <climits>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <vector>
 
 #include "frame/arena.h"
@@ -18,9 +17,6 @@ namespace zptg {
 namespace {
 
 // ---- Rounding -----------------------------------------------------------------
-
-static_assert(zptgAlignSize32Bytes(0) == 0 && zptgAlignSize32Bytes(1) == 32);
-static_assert(zptgAlignSize32Bytes(12) == 32 && zptgAlignSize32Bytes(44) == 64);
 
 TEST(AlignSize32Bytes, RoundsUpAndWraps)
 {
@@ -62,19 +58,17 @@ TEST(Arena, AllocationMovesTheWordByRoundedSizes)
     EXPECT_EQ(a.used(), 64 + 128);
 }
 
+// A release steps the word back by the rounded size, whatever the pointer;
+// nothing stops it below the start.
 TEST(Arena, ReleaseIgnoresThePointer)
 {
-    TestArena a(64), b(64);
-    void* p = zptgArenaMalloc(a.block, 100);
-    zptgArenaMalloc(b.block, 100);
-    zptgArenaFree(a.block, p, 100);
-    zptgArenaFree(b.block, nullptr, 100);
+    TestArena a(64);
+    zptgArenaMalloc(a.block, 100);
+    zptgArenaFree(a.block, nullptr, 100);
     EXPECT_EQ(a.used(), 64);
-    EXPECT_EQ(b.used(), 64);
-    zptgArenaFree(a.block, p, 0);
+    zptgArenaFree(a.block, a.block, 0);
     EXPECT_EQ(a.used(), 64);
-    // Nothing stops a release below the start.
-    zptgArenaFree(a.block, p, 65);
+    zptgArenaFree(a.block, a.block, 65);
     EXPECT_EQ(a.used(), -32);
 }
 
@@ -136,14 +130,10 @@ TEST(EnvList, FirstItemGoesIntoTheHead)
     EXPECT_EQ(EnvList_get(&head, INT_MIN), nullptr);
     EXPECT_EQ(EnvList_get(&head, 3), nullptr);
     EXPECT_EQ(EnvList_get(&head, 4), nullptr);
-}
-
-TEST(EnvList, EmptyListLooksUpNull)
-{
-    EnvList head;
-    EnvList___init__(&head, nullptr);
-    EXPECT_EQ(EnvList_get(&head, 0), nullptr);
-    EXPECT_EQ(EnvList_get(&head, 1), nullptr);
+    EnvList empty;
+    EnvList___init__(&empty, nullptr);
+    EXPECT_EQ(EnvList_get(&empty, 0), nullptr);
+    EXPECT_EQ(EnvList_get(&empty, 1), nullptr);
 }
 
 TEST(EnvList, DelGivesBackTheNodesBehindTheHead)
@@ -165,7 +155,7 @@ TEST(EnvList, DelGivesBackTheNodesBehindTheHead)
     EXPECT_EQ(head.env, &x);
 }
 
-TEST(EnvList, EnvListAddMemChargesEveryItem)
+TEST(EnvList, AddMemChargesEveryItem)
 {
     EXPECT_EQ(EnvList_add_mem(0), 0);
     EXPECT_EQ(EnvList_add_mem(1), 32);
@@ -192,15 +182,10 @@ TEST(EnvList, FreeChildrenRunsDestructorsInOrderAndReleasesRecords)
     EXPECT_EQ(log, 123);
     EXPECT_EQ(a.used(), 512 + 64 - 64 - 64 - 32);  // records only, no node
     EnvList_freeChildren(nullptr);
-}
-
-TEST(EnvList, FreeChildrenSkipsAnEmptyHead)
-{
-    TestArena a(64);
-    EnvList head;
-    EnvList___init__(&head, a.block);
-    EnvList_freeChildren(&head);
-    EXPECT_EQ(a.used(), 64);
+    EnvList empty;
+    EnvList___init__(&empty, a.block);
+    EnvList_freeChildren(&empty);  // an empty head has nothing to take down
+    EXPECT_EQ(a.used(), 512 + 64 - 64 - 64 - 32);
 }
 
 // ---- Split factor -------------------------------------------------------------
@@ -217,6 +202,9 @@ int32_t factor_or_zero(int32_t n)
     return out;
 }
 
+// Every threshold is pinned from both sides: the threshold itself takes its
+// cap, and the largest multiple of that cap below it (2, 12, 24, 112, 480)
+// takes the cap under it.
 TEST(DivisorsIntNonTriv, StatedCases)
 {
     const int32_t cases[][2] = {
@@ -225,21 +213,9 @@ TEST(DivisorsIntNonTriv, StatedCases)
         {1, 0},    {0, 0},   {-4, 0},   {-512, 0}, {6, 2},    {18, 2},   {20, 4},
         {36, 4},   {48, 8},  {1024, 32}, {1 << 30, 32}, {INT_MIN, 0}, {INT_MAX, 0},
         {15, 0},   {12, 2},  {24, 4},   {96, 8},   {112, 8}, {120, 8},  {136, 8},
+        {480, 16}, {496, 16}, {520, 8},
     };
     for (const auto& [n, d] : cases) EXPECT_EQ(factor_or_zero(n), d) << "n " << n;
-}
-
-// The caps by range (half the cap's square from 32 up, the square below),
-// and the largest power of two below the cap that divides n.
-TEST(DivisorsIntNonTriv, EveryValueUpTo5000)
-{
-    for (int32_t n = -20; n <= 5000; ++n) {
-        const int32_t cap = n >= 512 ? 32 : n >= 128 ? 16 : n >= 32 ? 8 : n >= 16 ? 4 : n >= 4 ? 2 : 0;
-        int32_t want = 0;
-        for (int32_t c = cap; c >= 2 && want == 0; c /= 2)
-            if (n % c == 0) want = c;
-        ASSERT_EQ(factor_or_zero(n), want) << "n " << n;
-    }
 }
 
 // ---- Trigonometry in units of pi ----------------------------------------------
@@ -250,9 +226,7 @@ TEST(TrigPi, ProductIsRoundedBeforeTheCall)
 {
     // pi/2 rounded to float lies past pi/2: the cosine is not zero.
     EXPECT_FLOAT_EQ(zptgCosPi_32f(0.5f), -4.371139e-8f);
-    EXPECT_LT(zptgCosPi_32f(0.5f), 0.0f);
     EXPECT_NE(zptgSinPi_64f(1.0), 0.0);
-    EXPECT_EQ(zptgSinPi_64f(1.0), std::sin(kPi64));
     EXPECT_EQ(zptgCosPi_64f(0.0), 1.0);
     EXPECT_EQ(zptgSinPi_32f(0.0f), 0.0f);
 }
@@ -277,21 +251,6 @@ TEST(TrigPi, SameBitsAsTheMathLibraryOfTheRoundedProduct)
         EXPECT_EQ(zptgSinPi_64f(xd), std::sin(angle64)) << xd;
     }
     EXPECT_GT(differs_from_float_pi, 0);
-}
-
-TEST(TrigPi, CloseToTheExactValues)
-{
-    const long double pi = 3.141592653589793238462643383279502884L;
-    for (int i = -64; i <= 64; ++i) {
-        const double x = i / 16.0;  // exact in both widths
-        const long double a = pi * x;
-        const double bound32 = (std::fabs(static_cast<double>(a)) + 1) * 0x1p-23;
-        const double bound64 = (std::fabs(static_cast<double>(a)) + 1) * 0x1p-52;
-        EXPECT_NEAR(zptgCosPi_32f(static_cast<float>(x)), static_cast<double>(std::cos(a)), bound32);
-        EXPECT_NEAR(zptgSinPi_32f(static_cast<float>(x)), static_cast<double>(std::sin(a)), bound32);
-        EXPECT_NEAR(zptgCosPi_64f(x), static_cast<double>(std::cos(a)), bound64);
-        EXPECT_NEAR(zptgSinPi_64f(x), static_cast<double>(std::sin(a)), bound64);
-    }
 }
 
 }  // namespace
