@@ -205,6 +205,10 @@ void bench_complex(const Settings& s)
                                     {{"kind", kind}, {"direction", dir}}});
         panels.push_back(p);
     }
+    Panel floor{"64fc forward: ours / scalar FFTW and the floor of our counts", "N", "ratio", false, false, 1,
+                {{"ratio", "n", "ratio_fftw_scalar", {{"kind", "64fc"}, {"direction", "forward"}}},
+                 {"floor", "n", "floor_ratio", {{"kind", "64fc"}, {"direction", "forward"}}}}};
+    panels.push_back(floor);
     Panel ops{"achieved operations per core cycle", "N", "ops/cycle", false, false, 0, {}};
     for (const char* kind : {"32fc", "64fc"})
         ops.series.push_back({std::string(kind) + " forward", "n", "ops_per_cycle",
