@@ -41,14 +41,6 @@ void for_each_member(F&& f)
     for (Dir d : {Dir::Forward, Dir::Inverse}) f(member<zptg64fc>(d));
 }
 
-// Calls f.operator()<E>() for the two element kinds, 32fc then 64fc.
-template <class F>
-void for_each_kind(F&& f)
-{
-    f.template operator()<zptg32fc>();
-    f.template operator()<zptg64fc>();
-}
-
 }  // namespace zptg::test
 
 #endif

@@ -1,6 +1,6 @@
 // The two element kinds of the complex family seen from the tests: their
 // real type and epsilon, and the arrays the tests feed to the kernels
-// (reproducible pseudo-random data, impulses, constants), with a
+// (reproducible pseudo-random data, impulses), with a
 // bit-for-bit comparison of two arrays.
 #ifndef ZPTG_TESTS_DFT_COMPLEX_ELEMENT_H
 #define ZPTG_TESTS_DFT_COMPLEX_ELEMENT_H
@@ -61,13 +61,6 @@ std::vector<E> impulse(int n, int at)
     std::vector<E> x(n, E{0, 0});
     x[at].re = 1;
     return x;
-}
-
-// Every element the same value.
-template <class E>
-std::vector<E> constant_input(int n, RealOf<E> re, RealOf<E> im)
-{
-    return std::vector<E>(n, E{re, im});
 }
 
 template <class E>
