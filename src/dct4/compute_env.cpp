@@ -232,7 +232,8 @@ zptgStatus compute_env2(env2<T>* self, T* dst, const T* in)
 // the stage takes 0.55 to 0.6 of the time) to 128 KiB; past that (N = 2^20
 // 64f) the buffer's line bursts cost more than they save. With x87
 // arithmetic the rows are slow enough to hide their misses, and the blocks
-// are slower at every length (64f by 10 to 20 %): not used.
+// are faster at no length (slower by 10 to 20 % in 64f, and in 32f from
+// N = 2^17 on): not used.
 struct BlockedRows {
     int32_t fromBytes;
     int32_t toBytes;
