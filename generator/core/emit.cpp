@@ -130,7 +130,7 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     std::map<int, std::string> constant_name;
     std::ostringstream body;
     body << "template <class T, class In, class Out>\n"
-         << "inline void " << name << "(const In& in, const Out& out, T s)\n{\n";
+         << "[[gnu::always_inline]] inline void " << name << "(const In& in, const Out& out, T s)\n{\n";
 
     // Each input is read where it is first used, so that the compiler can
     // take it straight from memory as an operand instead of holding it in a
