@@ -115,8 +115,62 @@ private:
     std::vector<int> result_;
 };
 
+// The text of a body as it is written: inputs read at their first use,
+// stores held back until every input has been read.
+class BodyText {
+public:
+    explicit BodyText(const Graph& g) : g_(g), read_(size_t(g.input_count()), 0), unread_(g.input_count()) {}
+
+    // Reads `input` unless it has been read already.
+    void read(int input)
+    {
+        if (read_[size_t(input)]) return;
+        read_[size_t(input)] = 1;
+        --unread_;
+        text_ << "    const T x" << input << " = in(" << input << ");\n";
+        if (unread_ == 0) {
+            for (const auto& [k, value] : waiting_) write_store(k, value);
+            waiting_.clear();
+        }
+    }
+    void read_operands(const Node& n)
+    {
+        for (int operand : {n.a, n.b})
+            if (operand >= 0 && g_.node(operand).op == Op::Input) read(g_.node(operand).input);
+    }
+    // Output slot k takes `value` times the scale, now or once all is read.
+    void store(size_t k, const std::string& value)
+    {
+        if (unread_ > 0)
+            waiting_.emplace_back(k, value);
+        else
+            write_store(k, value);
+    }
+    std::ostringstream& text() { return text_; }
+    size_t stored() const { return stored_; }
+
+private:
+    void write_store(size_t k, const std::string& value)
+    {
+        text_ << "    out(" << k << ", s * " << value << ");\n";
+        ++stored_;
+    }
+
+    const Graph& g_;
+    std::vector<char> read_;
+    int unread_;
+    std::vector<std::pair<size_t, std::string>> waiting_;
+    size_t stored_ = 0;
+    std::ostringstream text_;
+};
+
 }  // namespace
 
+// Each input is read where it is first used, so that the compiler can take
+// it straight from memory as an operand instead of holding it in a register
+// (or spilling it) from the top; inputs that no operation uses are read
+// first. Each output is stored as soon as its value is made and every input
+// has been read: all reads come before the first store, so dst may equal src.
 std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const std::string& name)
 {
     for (const Real& r : outputs)
@@ -126,88 +180,57 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     std::map<int, std::vector<size_t>> stores;  // node -> the output slots that take it
     for (size_t k = 0; k < outputs.size(); ++k) stores[outputs[k].node].push_back(k);
 
-    std::map<int, std::string> value_name;  // node -> its name in the text
-    std::map<int, std::string> constant_name;
-    std::ostringstream body;
-    body << "template <class T, class In, class Out>\n"
-         << "[[gnu::always_inline]] inline void " << name << "(const In& in, const Out& out, T s)\n{\n";
+    BodyText body(g);
+    body.text() << "template <class T, class In, class Out>\n"
+                << "[[gnu::always_inline]] inline void " << name
+                << "(const In& in, const Out& out, T s)\n{\n";
 
-    // Each input is read where it is first used, so that the compiler can
-    // take it straight from memory as an operand instead of holding it in a
-    // register (or spilling it) from the top; inputs that no operation uses
-    // are read first. Stores wait until the last input has been read, so
-    // that all reads come before the first store and dst may equal src.
-    std::vector<int> first_use(size_t(g.input_count()), -1);  // position in `order`
-    for (size_t pos = 0; pos < order.size(); ++pos) {
-        const Node& n = g.node(order[pos]);
-        for (int operand : {n.a, n.b})
-            if (operand >= 0 && g.node(operand).op == Op::Input && first_use[size_t(g.node(operand).input)] < 0)
-                first_use[size_t(g.node(operand).input)] = int(pos);
-    }
-    int unread = g.input_count();
-    std::vector<char> read(size_t(g.input_count()), 0);
-    auto read_input = [&](int input) {
-        if (read[size_t(input)]) return;
-        read[size_t(input)] = 1;
-        --unread;
-        body << "    const T x" << input << " = in(" << input << ");\n";
-    };
+    std::map<int, std::string> value_name;  // node -> its name in the text
+    std::vector<char> used(size_t(g.input_count()), 0);
+    for (int i : order)
+        for (int operand : {g.node(i).a, g.node(i).b})
+            if (operand >= 0 && g.node(operand).op == Op::Input) used[size_t(g.node(operand).input)] = 1;
     for (size_t i = 0; i < g.nodes().size(); ++i) {
         const Node& n = g.node(int(i));
-        if (n.op == Op::Input) value_name[int(i)] = numbered('x', size_t(n.input));
+        if (n.op != Op::Input) continue;
+        value_name[int(i)] = numbered('x', size_t(n.input));
+        if (!used[size_t(n.input)]) body.read(n.input);
     }
-    for (int i = 0; i < g.input_count(); ++i)
-        if (first_use[size_t(i)] < 0) read_input(i);
     // Each constant once, in order of first use.
+    std::map<int, std::string> constant_name;
     for (int i : order) {
         const Node& n = g.node(i);
         if (n.op != Op::Mul || constant_name.count(n.constant)) continue;
         const std::string k = numbered('k', constant_name.size());
         constant_name[n.constant] = k;
-        body << "    const T " << k << "(" << double_literal(double(g.constants()[n.constant]))
-             << ");\n";
+        body.text() << "    const T " << k << "(" << double_literal(double(g.constants()[n.constant]))
+                    << ");\n";
     }
-    // The operations in the scheduler's order, each output stored as soon
-    // as its value is made and every input has been read.
-    size_t stored = 0;
-    std::vector<std::pair<size_t, std::string>> waiting;  // stores held back by a read to come
-    auto store = [&](size_t k, const std::string& value) {
-        if (unread > 0) {
-            waiting.emplace_back(k, value);
-            return;
-        }
-        body << "    out(" << k << ", s * " << value << ");\n";
-        ++stored;
-    };
     for (size_t k = 0; k < outputs.size(); ++k)
-        if (g.node(outputs[k].node).op == Op::Input) store(k, value_name.at(outputs[k].node));
+        if (g.node(outputs[k].node).op == Op::Input) body.store(k, value_name.at(outputs[k].node));
+    // The operations in the scheduler's order.
     size_t temps = 0;
     for (int i : order) {
         const Node& n = g.node(i);
-        for (int operand : {n.a, n.b})
-            if (operand >= 0 && g.node(operand).op == Op::Input) read_input(g.node(operand).input);
-        if (unread == 0 && !waiting.empty()) {
-            const auto held = std::move(waiting);
-            waiting.clear();
-            for (const auto& [k, value] : held) store(k, value);
-        }
+        body.read_operands(n);
         const std::string t = numbered('t', temps++);
         value_name[i] = t;
-        body << "    const T " << t << " = ";
+        std::ostringstream& text = body.text();
+        text << "    const T " << t << " = ";
         switch (n.op) {
-        case Op::Add: body << value_name.at(n.a) << " + " << value_name.at(n.b); break;
-        case Op::Sub: body << value_name.at(n.a) << " - " << value_name.at(n.b); break;
-        case Op::Mul: body << constant_name.at(n.constant) << " * " << value_name.at(n.a); break;
+        case Op::Add: text << value_name.at(n.a) << " + " << value_name.at(n.b); break;
+        case Op::Sub: text << value_name.at(n.a) << " - " << value_name.at(n.b); break;
+        case Op::Mul: text << constant_name.at(n.constant) << " * " << value_name.at(n.a); break;
         case Op::Input: break;
         }
-        body << ";\n";
+        text << ";\n";
         const auto it = stores.find(i);
         if (it == stores.end()) continue;
-        for (size_t k : it->second) store(k, t);
+        for (size_t k : it->second) body.store(k, t);
     }
-    if (stored != outputs.size()) throw std::logic_error(name + ": an output is not stored");
-    body << "}\n";
-    return body.str();
+    if (body.stored() != outputs.size()) throw std::logic_error(name + ": an output is not stored");
+    body.text() << "}\n";
+    return body.text().str();
 }
 
 }  // namespace zptg::gen
