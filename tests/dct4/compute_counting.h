@@ -5,11 +5,6 @@
 #ifndef ZPTG_TESTS_DCT4_COMPUTE_COUNTING_H
 #define ZPTG_TESTS_DCT4_COMPUTE_COUNTING_H
 
-#include <complex>
-#include <vector>
-
-#include "dct4/compute_arith.h"
-
 namespace zptg::test {
 
 struct OpCounts {
@@ -54,24 +49,6 @@ public:
     CountScope() { g_ops = OpCounts{}; }
     const OpCounts& counts() const { return g_ops; }
 };
-
-// n complex values from 2n reals (the n real parts first), once as
-// counting scalars for a body and once in long double for a reference.
-struct ComplexInput {
-    std::vector<dct4::Cplx<Counted>> counted;
-    std::vector<std::complex<long double>> exact;
-};
-
-inline ComplexInput complex_input(const std::vector<long double>& data, int n)
-{
-    ComplexInput in{std::vector<dct4::Cplx<Counted>>(n),
-                    std::vector<std::complex<long double>>(n)};
-    for (int i = 0; i < n; ++i) {
-        in.counted[i] = {Counted(double(data[i])), Counted(double(data[n + i]))};
-        in.exact[i] = {data[i], data[n + i]};
-    }
-    return in;
-}
 
 }  // namespace zptg::test
 

@@ -54,12 +54,15 @@ void check_column(Expected expected)
     }
 }
 
-TEST(OddFrequencyBody, Length2IsACopyAndANegatedCopy) { check_column<2>({0, 0, 1}); }
-TEST(OddFrequencyBody, Length4) { check_column<4>({2, 6, 0}); }
-TEST(OddFrequencyBody, Length8RadixTwoOnTwoOfLength4) { check_column<8>({12, 24, 0}); }
-TEST(OddFrequencyBody, Length16RadixFourOnFourOfLength4) { check_column<16>({32, 68, 0}); }
-TEST(OddFrequencyBody, Length32RadixTwoOnTwoOfLength16) { check_column<32>({96, 184, 0}); }
-TEST(OddFrequencyBody, Length64RadixFourOnFourOfLength16) { check_column<64>({224, 448, 0}); }
+TEST(OddFrequencyBody, ValuesCountsAndStores)
+{
+    check_column<2>({0, 0, 1});  // a copy and a negated copy
+    check_column<4>({2, 6, 0});
+    check_column<8>({12, 24, 0});      // radix 2 on two of length 4
+    check_column<16>({32, 68, 0});     // radix 4 on four of length 4
+    check_column<32>({96, 184, 0});    // radix 2 on two of length 16
+    check_column<64>({224, 448, 0});   // radix 4 on four of length 16
+}
 
 TEST(OddFrequencyBody, FastReferenceAgreesWithTheDefinition)
 {

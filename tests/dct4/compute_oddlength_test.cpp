@@ -12,11 +12,14 @@
 #include <limits>
 #include <vector>
 
-#include "dct4/compute_api.h"
 #include "dct4/compute_reference.h"
+#include "dct4/kind_api.h"
 
 namespace zptg::test {
 namespace {
+
+using zptg_test::Dct4Plan;
+using zptg_test::kKindName;
 
 // The split factor of a length-K plan: the largest power of two up to the
 // cap that the size of K/2 allows.
@@ -91,23 +94,6 @@ void check_length(int64_t n)
     ASSERT_EQ(plan.run(both.data(), both.data()), zptgStatusOk);
     for (int64_t i = 0; i <= n; ++i) {
         EXPECT_EQ(both[i], want.stored[i] ? dst[i] : src[i]) << "element " << i;
-    }
-}
-
-TEST(Dct4OddLength, FormulasOfNineReadAndStoreTheStatedElements)
-{
-    // Reads 0, 1, 4, 5, 8, 9; stores 0, 1, 4, 5, 8, 9; rows store 0, 4, 9, 5
-    // then 1, 5, 8, 4.
-    std::vector<long double> x(10);
-    for (int j : {2, 3, 6, 7}) x[j] = std::numeric_limits<long double>::quiet_NaN();
-    for (int j : {0, 1, 4, 5, 8, 9}) x[j] = j + 1;
-    const Outcome o = split_formulas(x, 9);
-    for (int i = 0; i <= 9; ++i) {
-        const bool stored = i == 0 || i == 1 || i == 4 || i == 5 || i == 8 || i == 9;
-        EXPECT_EQ(o.stored[i], stored) << i;
-        if (stored) {
-            EXPECT_FALSE(std::isnan(o.value[i])) << i;
-        }
     }
 }
 

@@ -19,7 +19,6 @@ public:
     GuardedBlock& operator=(const GuardedBlock&) = delete;
 
     unsigned char* data() const { return data_; }
-    uintptr_t guard() const { return reinterpret_cast<uintptr_t>(region_) + usable_; }
 
 private:
     unsigned char* region_ = nullptr;

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <vector>
 
+#include "dct4/compute_reference.h"
 #include "dct4/env.h"
 #include "frame/arena.h"
 #include "dct4/guarded_block.h"
@@ -80,24 +81,6 @@ int reported_size(int n, bool wide)
     return s;
 }
 
-// X[k] = sum x[j] cos(pi (2j+1)(2k+1) / 4N), with the angle reduced exactly
-// in integers and summed in long double.
-std::vector<long double> reference_dct4(const std::vector<long double>& x)
-{
-    const int64_t n = static_cast<int64_t>(x.size());
-    const long double pi = 3.141592653589793238462643383279502884L;
-    std::vector<long double> cosines(static_cast<size_t>(8 * n));
-    for (int64_t i = 0; i < 8 * n; ++i) cosines[static_cast<size_t>(i)] = std::cos(pi * i / (4 * n));
-    std::vector<long double> out(static_cast<size_t>(n), 0.0L);
-    for (int64_t k = 0; k < n; ++k) {
-        long double sum = 0;
-        for (int64_t j = 0; j < n; ++j)
-            sum += x[static_cast<size_t>(j)] * cosines[static_cast<size_t>(((2 * j + 1) * (2 * k + 1)) % (8 * n))];
-        out[static_cast<size_t>(k)] = sum;
-    }
-    return out;
-}
-
 // Arrays for a length: lengths 2^k + 1 read and write element N as well.
 size_t elements_for(int n)
 {
@@ -107,21 +90,17 @@ size_t elements_for(int n)
 template <class T>
 std::vector<T> test_signal(size_t n)
 {
-    std::vector<T> x(n);
-    uint32_t state = 12345u + static_cast<uint32_t>(n);
-    for (T& v : x) {
-        state = state * 1664525u + 1013904223u;
-        v = static_cast<T>(static_cast<int32_t>(state >> 8) % 2001) / static_cast<T>(1000);
-    }
-    return x;
+    const std::vector<long double> x = zptg::test::random_values(static_cast<int64_t>(n), 5);
+    return std::vector<T>(x.begin(), x.end());
 }
 
-// The largest error against the reference, relative to the largest output.
+// The largest error against the reference, relative to the largest output;
+// N a power of two.
 template <class T>
 double relative_error(const std::vector<T>& x, const T* y)
 {
-    std::vector<long double> xl(x.begin(), x.end());
-    const std::vector<long double> want = reference_dct4(xl);
+    const std::vector<long double> want =
+        zptg::test::dct4_fast(std::vector<long double>(x.begin(), x.end()));
     long double worst = 0, scale = 0;
     for (size_t k = 0; k < want.size(); ++k) {
         worst = std::max(worst, std::fabs(want[k] - static_cast<long double>(y[k])));
@@ -138,29 +117,25 @@ protected:
 
 // ---- Checks -------------------------------------------------------------------
 
-TEST_F(DCT4Interface, InitChecksPointersBeforeTheLength)
+// Null pointers are refused before the length is looked at, and before
+// anything is allocated, written or released.
+TEST_F(DCT4Interface, NullPointersAreRefused)
 {
     alignas(64) unsigned char block[512];
     zptgDCT4Context_32f* c = nullptr;
+    zptgDCT4Context_64f* d = nullptr;
     EXPECT_EQ(zptgDCT4Init_32f(nullptr, 64, block), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Init_32f(&c, 64, nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Init_32f(nullptr, -1, nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Init_32f(&c, 3, nullptr), zptgStatusNullPtr);
-    EXPECT_EQ(c, nullptr);
-    zptgDCT4Context_64f* d = nullptr;
     EXPECT_EQ(zptgDCT4Init_64f(nullptr, 64, block), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Init_64f(&d, 64, nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Init_64f(&d, 3, nullptr), zptgStatusNullPtr);
+    EXPECT_EQ(c, nullptr);
     EXPECT_EQ(d, nullptr);
-    EXPECT_EQ(g_alloc.mallocs + g_alloc.frees, 0);
-}
 
-TEST_F(DCT4Interface, TransformChecksContextThenData)
-{
     float src[8] = {1, 2, 3, 4, 5, 6, 7, 8};
     float dst[8] = {9, 9, 9, 9, 9, 9, 9, 9};
-    alignas(64) unsigned char block[512];
-    zptgDCT4Context_32f* c = nullptr;
     ASSERT_EQ(zptgDCT4Init_32f(&c, 8, block), zptgStatusOk);
     EXPECT_EQ(zptgDCT4_32f(src, dst, nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4_32f(nullptr, dst, c), zptgStatusNullPtr);
@@ -172,7 +147,7 @@ TEST_F(DCT4Interface, TransformChecksContextThenData)
     EXPECT_EQ(zptgDCT4_64f(nullptr, d64, nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Free_32f(nullptr), zptgStatusNullPtr);
     EXPECT_EQ(zptgDCT4Free_64f(nullptr), zptgStatusNullPtr);
-    EXPECT_EQ(g_alloc.frees, 0);
+    EXPECT_EQ(g_alloc.mallocs + g_alloc.frees, 0);
 }
 
 // A context whose rule is out of range computes nothing and writes nothing,
@@ -242,7 +217,6 @@ void expect_tables_are_read(int n)
         ASSERT_EQ(Api<T>::run(x.data(), again.data(), c), zptgStatusOk);
         EXPECT_EQ(again, planned);
     }
-    EXPECT_LT(relative_error(x, planned.data()), sizeof(T) == 4 ? 1e-5 : 1e-13);
 }
 
 TEST_F(DCT4Interface, TransformRunsThroughThePlanTree)
@@ -284,22 +258,23 @@ TEST_F(DCT4Interface, InitAllocAndFreeMakeOneCallEach)
     }
 }
 
+template <class T>
+void expect_rejected_alloc(int n)
+{
+    auto* const sentinel = reinterpret_cast<typename Api<T>::Context*>(&g_alloc);
+    typename Api<T>::Context* c = sentinel;
+    EXPECT_EQ(Api<T>::init_alloc(&c, n), zptgStatusBadSize) << "N " << n;
+    EXPECT_EQ(c, sentinel);
+    EXPECT_EQ(Api<T>::init_alloc(nullptr, 64), zptgStatusNullPtr);
+}
+
 TEST_F(DCT4Interface, InitAllocWithRejectedLengthAllocatesNothing)
 {
     for (int n : {-1, 0, 1, 3, 12, 96, 1000, 1 << 28, (1 << 28) + 1}) {
-        auto* sentinel = reinterpret_cast<zptgDCT4Context_32f*>(&g_alloc);
-        zptgDCT4Context_32f* c = sentinel;
-        EXPECT_EQ(zptgDCT4InitAlloc_32f(&c, n), zptgStatusBadSize) << "N " << n;
-        EXPECT_EQ(c, sentinel);
-        auto* sentinel64 = reinterpret_cast<zptgDCT4Context_64f*>(&g_alloc);
-        zptgDCT4Context_64f* d = sentinel64;
-        EXPECT_EQ(zptgDCT4InitAlloc_64f(&d, n), zptgStatusBadSize) << "N " << n;
-        EXPECT_EQ(d, sentinel64);
+        expect_rejected_alloc<float>(n);
+        expect_rejected_alloc<double>(n);
     }
-    EXPECT_EQ(zptgDCT4InitAlloc_32f(nullptr, 64), zptgStatusNullPtr);
-    EXPECT_EQ(zptgDCT4InitAlloc_64f(nullptr, 64), zptgStatusNullPtr);
-    EXPECT_EQ(g_alloc.mallocs, 0);
-    EXPECT_EQ(g_alloc.frees, 0);
+    EXPECT_EQ(g_alloc.mallocs + g_alloc.frees, 0);
 }
 
 // Init leaves the length to planning: a rejected length builds part of a
@@ -331,12 +306,10 @@ TEST_F(DCT4Interface, InitWithRejectedLengthIsUndoneFromTheTop)
     const auto scratch = [](int n, uint32_t e) {
         return zptg::zptgAlignSize32Bytes(static_cast<int32_t>(static_cast<uint32_t>(n) * e));
     };
-    for (const int n : {0, -5, -2147483647 - 1}) {
+    for (const int n : {0, -5, -2147483647 - 1, 1, 3, 6}) {
         expect_rejected_init_undone<float>(n, -scratch(n, 4));
         expect_rejected_init_undone<double>(n, -scratch(n, 8));
     }
-    expect_rejected_init_undone<float>(1, -32);
-    expect_rejected_init_undone<double>(3, -32);
     // N = 12: d = 2, m = 6; the env4 of 6 finds no factor of 3 after its
     // rule is set: the root's 48 (64f 96) and the env4's 24 (48) bytes.
     expect_rejected_init_undone<float>(12, -(64 + 32));
@@ -352,23 +325,26 @@ TEST_F(DCT4Interface, InitWithRejectedLengthIsUndoneFromTheTop)
 
 // The largest lengths pass the size query with a wrapped size, but no plan
 // fits the arena's arithmetic: the build fails and the block goes back.
-TEST_F(DCT4Interface, WrappedSizeBuildsNothingAndReleasesTheBlock)
+template <class T>
+void expect_wrapped_size_refused(int n)
 {
-    auto* sentinel = reinterpret_cast<zptgDCT4Context_32f*>(&g_alloc);
-    zptgDCT4Context_32f* c = sentinel;
-    EXPECT_EQ(zptgDCT4InitAlloc_32f(&c, 1 << 30), zptgStatusBadSize);
+    SCOPED_TRACE(testing::Message() << "N " << n << " element size " << sizeof(T));
+    g_alloc = AllocLog{};
+    auto* const sentinel = reinterpret_cast<typename Api<T>::Context*>(&g_alloc);
+    typename Api<T>::Context* c = sentinel;
+    EXPECT_EQ(Api<T>::init_alloc(&c, n), zptgStatusBadSize);
     EXPECT_EQ(c, sentinel);
     EXPECT_EQ(g_alloc.mallocs, 1);
-    EXPECT_EQ(g_alloc.asked, reported_size(1 << 30, false));
+    EXPECT_EQ(g_alloc.asked, reported_size(n, sizeof(T) == 8));
     EXPECT_EQ(g_alloc.frees, 1);
     EXPECT_EQ(g_alloc.freed, g_alloc.given);
-    auto* sentinel64 = reinterpret_cast<zptgDCT4Context_64f*>(&g_alloc);
-    zptgDCT4Context_64f* d = sentinel64;
-    EXPECT_EQ(zptgDCT4InitAlloc_64f(&d, (1 << 29) + 1), zptgStatusBadSize);
-    EXPECT_EQ(d, sentinel64);
-    EXPECT_EQ(g_alloc.mallocs, 2);
-    EXPECT_EQ(g_alloc.frees, 2);
-    EXPECT_EQ(g_alloc.freed, g_alloc.given);
+}
+
+TEST_F(DCT4Interface, WrappedSizeBuildsNothingAndReleasesTheBlock)
+{
+    expect_wrapped_size_refused<float>(1 << 30);
+    expect_wrapped_size_refused<double>(1 << 29);
+    expect_wrapped_size_refused<double>((1 << 29) + 1);
 }
 
 // An allocator that fails hands null to Init, whose null check answers; the
@@ -400,23 +376,6 @@ TEST_F(DCT4Interface, FreeReleasesACallersBlockToo)
     EXPECT_EQ(g_alloc.frees, 1);
     EXPECT_EQ(g_alloc.freed, block);
     EXPECT_EQ(g_alloc.word_at_free, tree_start(block));
-}
-
-// A block may be built again with another length; nothing of the first
-// context is kept.
-TEST_F(DCT4Interface, BlockCanBeRebuilt)
-{
-    std::vector<unsigned char> block(static_cast<size_t>(reported_size(4096, true)));
-    const std::vector<double> x = test_signal<double>(64u);
-    std::vector<double> first(64), again(64);
-    zptgDCT4Context_64f* c = nullptr;
-    ASSERT_EQ(zptgDCT4Init_64f(&c, 64, block.data()), zptgStatusOk);
-    ASSERT_EQ(zptgDCT4_64f(x.data(), first.data(), c), zptgStatusOk);
-    ASSERT_EQ(zptgDCT4Init_64f(&c, 4096, block.data()), zptgStatusOk);
-    ASSERT_EQ(zptgDCT4Init_64f(&c, 64, block.data()), zptgStatusOk);
-    ASSERT_EQ(zptgDCT4_64f(x.data(), again.data(), c), zptgStatusOk);
-    EXPECT_EQ(first, again);
-    EXPECT_EQ(g_alloc.mallocs + g_alloc.frees, 0);
 }
 
 // ---- Blocks of exactly the reported size -----------------------------------
@@ -471,31 +430,6 @@ TEST_F(DCT4Interface, ExactBlockAgainstAGuardPage)
             build_and_run_guarded<float>(n, offset);
             build_and_run_guarded<double>(n, offset);
         }
-    }
-}
-
-// dst equal to src gives the same bits as separate arrays at power-of-two
-// lengths, and a second run the same bits as the first.
-template <class T>
-void expect_in_place_and_repeatable(int n)
-{
-    typename Api<T>::Context* c = nullptr;
-    ASSERT_EQ(Api<T>::init_alloc(&c, n), zptgStatusOk);
-    const std::vector<T> x = test_signal<T>(static_cast<size_t>(n));
-    std::vector<T> apart(static_cast<size_t>(n)), again(static_cast<size_t>(n)), inplace(x);
-    ASSERT_EQ(Api<T>::run(x.data(), apart.data(), c), zptgStatusOk);
-    ASSERT_EQ(Api<T>::run(x.data(), again.data(), c), zptgStatusOk);
-    ASSERT_EQ(Api<T>::run(inplace.data(), inplace.data(), c), zptgStatusOk);
-    EXPECT_EQ(apart, again) << "N " << n;
-    EXPECT_EQ(apart, inplace) << "N " << n;
-    EXPECT_EQ(Api<T>::release(c), zptgStatusOk);
-}
-
-TEST_F(DCT4Interface, InPlaceAndRepeatedRunsAgree)
-{
-    for (int n = 2; n <= 8192; n *= 2) {
-        expect_in_place_and_repeatable<float>(n);
-        expect_in_place_and_repeatable<double>(n);
     }
 }
 

@@ -6,14 +6,27 @@
 
 #include <cstdint>
 
+#include "dct4/kind_api.h"
 #include "zptgenpx.h"
 
 namespace {
+
+using zptg_test::Api;
 
 struct SizeRow {
     int length;
     int bytes32f;
     int bytes64f;
+};
+
+// Per kind: the largest k with 2^k and 2^k + 1 truthfully sized, the size of
+// 2^k + 1 there, and the lengths whose byte count wraps to a small positive
+// size, with that size.
+struct TopRow {
+    int last_power;
+    int largest;
+    int wrapped_power[2];
+    int wrapped[2];
 };
 
 #if defined(__i386__)
@@ -26,12 +39,8 @@ constexpr SizeRow kSizes[] = {
     {2048, 17056, 33440},  {4096, 35072, 68800},    {8192, 68864, 136384},
     {65536, 541760, 1082176}, {1048576, 8656736, 17311456},
 };
-// The largest lengths with a truthful size, and the wrapped sizes above.
-constexpr int kLargest32f = 1107840768;  // 2^27 + 1
-constexpr int kLargest64f = 1107839136;  // 2^26 + 1
-constexpr int kWrapped32f_2p30 = 272768160;
-constexpr int kWrapped64f_2p29 = 272768032;
-constexpr int kWrapped64f_2p30 = 545532960;
+constexpr TopRow kTop32f = {27, 1107840768, {30, 30}, {272768160, 272768160}};
+constexpr TopRow kTop64f = {26, 1107839136, {29, 30}, {272768032, 545532960}};
 #else
 constexpr SizeRow kSizes[] = {
     {2, 256, 256},         {4, 256, 256},           {8, 256, 256},
@@ -42,32 +51,23 @@ constexpr SizeRow kSizes[] = {
     {2048, 17152, 33536},  {4096, 35264, 68992},    {8192, 69056, 136576},
     {65536, 541952, 1082368}, {1048576, 8657024, 17311744},
 };
-constexpr int kLargest32f = 1107841248;
-constexpr int kLargest64f = 1107839520;
-constexpr int kWrapped32f_2p30 = 272768640;
-constexpr int kWrapped64f_2p29 = 272768512;
-constexpr int kWrapped64f_2p30 = 545533440;
+constexpr TopRow kTop32f = {27, 1107841248, {30, 30}, {272768640, 272768640}};
+constexpr TopRow kTop64f = {26, 1107839520, {29, 30}, {272768512, 545533440}};
 #endif
 
 constexpr int kUntouched = -12345;
 
-int size32(int length, zptgStatus* status)
+template <class T>
+int size_of(int length, zptgStatus* status)
 {
     int size = kUntouched;
-    *status = zptgDCT4GetSize_32f(length, &size);
+    *status = Api<T>::size(length, &size);
     return size;
 }
 
-int size64(int length, zptgStatus* status)
+bool accepted(int64_t n)
 {
-    int size = kUntouched;
-    *status = zptgDCT4GetSize_64f(length, &size);
-    return size;
-}
-
-bool accepted(int64_t n, int max_power)
-{
-    for (int k = 1; k <= max_power; ++k) {
+    for (int k = 1; k <= 17; ++k) {
         if (n == (int64_t{1} << k)) return true;
         if (k >= 3 && n == (int64_t{1} << k) + 1) return true;
     }
@@ -77,95 +77,73 @@ bool accepted(int64_t n, int max_power)
 TEST(DCT4Size, PublishedSizesOfBothKinds)
 {
     for (const SizeRow& row : kSizes) {
-        zptgStatus status;
-        EXPECT_EQ(size32(row.length, &status), row.bytes32f) << "N " << row.length;
-        EXPECT_EQ(status, zptgStatusOk);
-        EXPECT_EQ(size64(row.length, &status), row.bytes64f) << "N " << row.length;
-        EXPECT_EQ(status, zptgStatusOk);
+        zptgStatus s32, s64;
+        EXPECT_EQ(size_of<float>(row.length, &s32), row.bytes32f) << "N " << row.length;
+        EXPECT_EQ(size_of<double>(row.length, &s64), row.bytes64f) << "N " << row.length;
+        EXPECT_EQ(s32, zptgStatusOk);
+        EXPECT_EQ(s64, zptgStatusOk);
     }
 }
 
-TEST(DCT4Size, RejectedLengthsLeaveTheSizeAlone)
-{
-    for (int n : {1, 0, -1, 3, 5, 6, 7, 10, 11, 12, 13, 14, 15, 18, 96, 1000, -2147483647 - 1}) {
-        zptgStatus status;
-        EXPECT_EQ(size32(n, &status), kUntouched) << "N " << n;
-        EXPECT_EQ(status, zptgStatusBadSize) << "N " << n;
-        EXPECT_EQ(size64(n, &status), kUntouched) << "N " << n;
-        EXPECT_EQ(status, zptgStatusBadSize) << "N " << n;
-    }
-}
-
-// Below 2^17 exactly the powers of two and the 2^k + 1 from 9 up pass.
-TEST(DCT4Size, AcceptedLengthsAreExactlyPowersOfTwoAndOneAbove)
+// Below 2^17 exactly the powers of two and the 2^k + 1 from 9 up pass, in
+// whole 32-byte units; a rejected length leaves the size alone.
+template <class T>
+void expect_accepted_lengths()
 {
     for (int n = -40; n <= (1 << 17) + 1; ++n) {
-        zptgStatus s32, s64;
-        const int b32 = size32(n, &s32);
-        const int b64 = size64(n, &s64);
-        const bool want = accepted(n, 17);
-        ASSERT_EQ(s32 == zptgStatusOk, want) << "N " << n;
-        ASSERT_EQ(s64 == zptgStatusOk, want) << "N " << n;
-        if (want) {
-            // Whole 32-byte units, and the 2^k + 1 lengths cost 32 bytes more than 2^k.
-            ASSERT_EQ(b32 % 32, 0);
-            ASSERT_EQ(b64 % 32, 0);
+        zptgStatus s;
+        const int bytes = size_of<T>(n, &s);
+        ASSERT_EQ(s == zptgStatusOk, accepted(n)) << "N " << n;
+        ASSERT_EQ(s == zptgStatusOk ? bytes % 32 : bytes, s == zptgStatusOk ? 0 : kUntouched)
+            << "N " << n;
+    }
+    zptgStatus s;
+    EXPECT_EQ(size_of<T>(-2147483647 - 1, &s), kUntouched);
+    EXPECT_EQ(s, zptgStatusBadSize);
+}
+
+TEST(DCT4Size, AcceptedLengthsAreExactlyPowersOfTwoAndOneAbove)
+{
+    expect_accepted_lengths<float>();
+    expect_accepted_lengths<double>();
+}
+
+// From 2^6 to the top, 2^k + 1 costs one 32-byte unit more than 2^k. Above
+// the top the byte count first overflows to a negative value (rejected),
+// then wraps to a small positive one (accepted with that size).
+template <class T>
+void expect_top_of_range(const TopRow& top)
+{
+    zptgStatus s, s1;
+    for (int k = 6; k <= top.last_power; ++k) {
+        const int bytes = size_of<T>(1 << k, &s);
+        EXPECT_EQ(size_of<T>((1 << k) + 1, &s1), bytes + 32) << "k " << k;
+        EXPECT_GT(bytes, 0) << "k " << k;
+        EXPECT_EQ(s, zptgStatusOk) << "k " << k;
+        EXPECT_EQ(s1, zptgStatusOk) << "k " << k;
+    }
+    EXPECT_EQ(size_of<T>((1 << top.last_power) + 1, &s), top.largest);
+    for (int k = top.last_power + 1; k < top.wrapped_power[0]; ++k) {
+        for (int n : {1 << k, (1 << k) + 1}) {
+            EXPECT_EQ(size_of<T>(n, &s), kUntouched) << "N " << n;
+            EXPECT_EQ(s, zptgStatusBadSize) << "N " << n;
         }
     }
+    for (int i = 0; i < 2; ++i) {
+        const int n = 1 << top.wrapped_power[i];
+        EXPECT_EQ(size_of<T>(n, &s), top.wrapped[i]) << "N " << n;
+        EXPECT_EQ(s, zptgStatusOk);
+        EXPECT_EQ(size_of<T>(n + 1, &s), top.wrapped[i] + 32) << "N " << n + 1;
+        EXPECT_EQ(s, zptgStatusOk);
+    }
+    EXPECT_EQ(size_of<T>(2147483647, &s), kUntouched);
+    EXPECT_EQ(s, zptgStatusBadSize);
 }
 
-TEST(DCT4Size, LengthOneAboveAPowerCostsOneUnitMore)
+TEST(DCT4Size, TopOfTheRange)
 {
-    for (int k = 6; k <= 26; ++k) {
-        zptgStatus s;
-        EXPECT_EQ(size32((1 << k) + 1, &s), size32(1 << k, &s) + 32) << "k " << k;
-        EXPECT_EQ(size64((1 << k) + 1, &s), size64(1 << k, &s) + 32) << "k " << k;
-    }
-}
-
-TEST(DCT4Size, TopOfTheRange32f)
-{
-    zptgStatus s;
-    for (int k = 6; k <= 27; ++k) {
-        EXPECT_GT(size32(1 << k, &s), 0);
-        EXPECT_EQ(s, zptgStatusOk) << "k " << k;
-        EXPECT_GT(size32((1 << k) + 1, &s), 0);
-        EXPECT_EQ(s, zptgStatusOk) << "k " << k;
-    }
-    EXPECT_EQ(size32((1 << 27) + 1, &s), kLargest32f);
-    // The byte count overflows to a negative value: rejected.
-    for (int n : {1 << 28, (1 << 28) + 1, 1 << 29, (1 << 29) + 1}) {
-        EXPECT_EQ(size32(n, &s), kUntouched) << "N " << n;
-        EXPECT_EQ(s, zptgStatusBadSize);
-    }
-    // Wrapped to a small positive size: accepted with that size.
-    EXPECT_EQ(size32(1 << 30, &s), kWrapped32f_2p30);
-    EXPECT_EQ(s, zptgStatusOk);
-    EXPECT_EQ(size32((1 << 30) + 1, &s), kWrapped32f_2p30 + 32);
-    EXPECT_EQ(s, zptgStatusOk);
-    EXPECT_EQ(size32(2147483647, &s), kUntouched);
-}
-
-TEST(DCT4Size, TopOfTheRange64f)
-{
-    zptgStatus s;
-    for (int k = 6; k <= 26; ++k) {
-        EXPECT_GT(size64(1 << k, &s), 0);
-        EXPECT_EQ(s, zptgStatusOk) << "k " << k;
-        EXPECT_GT(size64((1 << k) + 1, &s), 0);
-        EXPECT_EQ(s, zptgStatusOk) << "k " << k;
-    }
-    EXPECT_EQ(size64((1 << 26) + 1, &s), kLargest64f);
-    for (int n : {1 << 27, (1 << 27) + 1, 1 << 28, (1 << 28) + 1}) {
-        EXPECT_EQ(size64(n, &s), kUntouched) << "N " << n;
-        EXPECT_EQ(s, zptgStatusBadSize);
-    }
-    EXPECT_EQ(size64(1 << 29, &s), kWrapped64f_2p29);
-    EXPECT_EQ(s, zptgStatusOk);
-    EXPECT_EQ(size64((1 << 29) + 1, &s), kWrapped64f_2p29 + 32);
-    EXPECT_EQ(size64(1 << 30, &s), kWrapped64f_2p30);
-    EXPECT_EQ(s, zptgStatusOk);
-    EXPECT_EQ(size64((1 << 30) + 1, &s), kWrapped64f_2p30 + 32);
+    expect_top_of_range<float>(kTop32f);
+    expect_top_of_range<double>(kTop64f);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 // The plan trees: which environments each length builds with which rules and
 // parameters, where every record and table lands in the block (the image of
-// N = 4096), how much of the reported size planning really draws, and how a
-// failing plan is undone.
+// N = 4096), and how much of the reported size planning really draws.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -65,13 +64,18 @@ E* item(EnvList* list, int32_t index)
 
 struct TreeRow {
     int n;
-    int root_rule, d;
+    int root_rule, d;  // d 0: a direct length
     int env2_rule, env2_rows;
     int env3_rule, m;
     int n4, d2, env6_rule, env6_rows, env7_rule, n7;  // 0: no env4
 };
 
 constexpr TreeRow kTrees[] = {
+    {2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},  // direct: no children, no scratch
+    {4, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
+    {8, 3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
+    {16, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
+    {32, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0},
     {64, 6, 8, 4, 4, 3, 8, 0, 0, 0, 0, 0, 0},
     {128, 6, 8, 4, 8, 4, 16, 0, 0, 0, 0, 0, 0},
     {256, 6, 16, 5, 8, 4, 16, 0, 0, 0, 0, 0, 0},
@@ -95,6 +99,36 @@ constexpr TreeRow kTrees[] = {
     {4097, 6, 32, 6, 64, 7, 128, 128, 8, 3, 8, 4, 16},
 };
 
+// The integer parameters of each record, in field order.
+using Params = std::vector<int32_t>;
+template <class T> Params params(const env1<T>* e) { return {e->rule, e->factor, e->length}; }
+template <class T> Params params(const envfCompose<T>* e)
+{
+    return {e->rowLength, e->numerator, e->rows, e->factor, e->rowLength2};
+}
+template <class T> Params params(const env2<T>* e)
+{
+    return {e->rule, e->factor, e->length, e->rowLength, e->rows, e->length2, e->reflectBase, e->inner};
+}
+template <class T> Params params(const env3<T>* e)
+{
+    return {e->rule, e->inner, e->length, e->reflectBase, e->stride, e->count, e->outerLength, e->outerCount};
+}
+template <class T> Params params(const env4<T>* e)
+{
+    return {e->rule, e->length, e->factor, e->rootLength, e->rootLength2, e->stride, e->outerLength, e->outerCount};
+}
+template <class T> Params params(const env6<T>* e)
+{
+    return {e->rule, e->factor, e->length, e->rowLength, e->rows, e->outerLength,
+            e->halfLength, e->lastIndex, e->outerCount, e->inner};
+}
+template <class T> Params params(const env7<T>* e)
+{
+    return {e->rule, e->inner, e->rootLength, e->rootLength2, e->innerStride, e->stride,
+            e->count, e->outerLength, e->outerCount};
+}
+
 template <class T>
 void expect_tree(const TreeRow& row)
 {
@@ -103,10 +137,14 @@ void expect_tree(const TreeRow& row)
     ASSERT_EQ(b.status, zptgStatusOk);
     const int n = row.n, d = row.d, m = row.m;
     env1<T>* r = b.root;
-    EXPECT_EQ(r->rule, row.root_rule);
-    EXPECT_EQ(r->factor, d);
-    EXPECT_EQ(r->length, n);
+    EXPECT_EQ(b.offset(r), 0);
+    EXPECT_EQ(params(r), (Params{row.root_rule, d, n}));
     EXPECT_EQ(r->base.ownSize, kOwnSize<env1<T>>);
+    if (row.root_rule != kEnv1RuleSplit) {
+        EXPECT_EQ(r->scratch, nullptr);
+        EXPECT_EQ(EnvList_get(r->children, 0), nullptr);
+        return;
+    }
 
     auto* compose = item<envfCompose<T>>(r->children, 0);
     auto* e2 = item<env2<T>>(r->children, 1);
@@ -114,33 +152,13 @@ void expect_tree(const TreeRow& row)
     EXPECT_EQ(item<env2<T>>(r->postList, 0), e2);
     EXPECT_EQ(item<env3<T>>(r->preList, 0), e3);
     EXPECT_EQ(EnvList_get(r->children, 3), nullptr);
-
-    EXPECT_EQ(compose->rowLength, 2 * d);
-    EXPECT_EQ(compose->numerator, 8 * n);
-    EXPECT_EQ(compose->rows, n / (2 * d));
-    EXPECT_EQ(compose->factor, d);
-    EXPECT_EQ(compose->rowLength2, 2 * d);
-
-    EXPECT_EQ(e2->rule, row.env2_rule);
-    EXPECT_EQ(e2->rows, row.env2_rows);
-    EXPECT_EQ(e2->factor, d);
-    EXPECT_EQ(e2->length, n);
-    EXPECT_EQ(e2->rowLength, 2 * d);
-    EXPECT_EQ(e2->length2, n);
-    EXPECT_EQ(e2->reflectBase, 2 * n - 1);
-    EXPECT_EQ(e2->inner, n / d);
+    EXPECT_EQ(params(compose), (Params{2 * d, 8 * n, n / (2 * d), d, 2 * d}));
+    EXPECT_EQ(params(e2), (Params{row.env2_rule, d, n, 2 * d, row.env2_rows, n, 2 * n - 1, n / d}));
     EXPECT_EQ(e2->angle, compose);
     EXPECT_EQ(EnvList_get(e2->children, 0), nullptr);
-
-    EXPECT_EQ(e3->rule, row.env3_rule);
-    EXPECT_EQ(e3->inner, m);
-    EXPECT_EQ(e3->length, n);
-    EXPECT_EQ(e3->reflectBase, 2 * n - 1);
-    EXPECT_EQ(e3->stride, 2 * d);
-    EXPECT_EQ(e3->count, d);
-    EXPECT_EQ(e3->outerLength, n);
-    EXPECT_EQ(e3->outerCount, d);
+    EXPECT_EQ(params(e3), (Params{row.env3_rule, m, n, 2 * n - 1, 2 * d, d, n, d}));
     EXPECT_EQ(e3->table, nullptr);
+
     auto* e4 = item<env4<T>>(e3->childList, 0);
     EXPECT_EQ(item<env4<T>>(e3->children, 0), e4);
     if (row.n4 == 0) {
@@ -148,47 +166,21 @@ void expect_tree(const TreeRow& row)
         return;
     }
     ASSERT_NE(e4, nullptr);
-    EXPECT_EQ(e4->rule, 1);
-    EXPECT_EQ(e4->length, row.n4);
-    EXPECT_EQ(e4->factor, row.d2);
-    EXPECT_EQ(e4->rootLength, n);
-    EXPECT_EQ(e4->rootLength2, n);
-    EXPECT_EQ(e4->stride, 2 * d);
-    EXPECT_EQ(e4->outerLength, n);
-    EXPECT_EQ(e4->outerCount, d);
+    const int n4 = row.n4, d2 = row.d2;
+    EXPECT_EQ(params(e4), (Params{1, n4, d2, n, n, 2 * d, n, d}));
     EXPECT_NE(e4->scratch, nullptr);
-
     auto* lambda = item<envlambda<T>>(e4->children, 0);
     auto* e6 = item<env6<T>>(e4->children, 1);
     auto* e7 = item<env7<T>>(e4->children, 2);
     EXPECT_EQ(item<env6<T>>(e4->postList, 0), e6);
     EXPECT_EQ(item<env7<T>>(e4->preList, 0), e7);
-    EXPECT_EQ(lambda->length, row.n4);
-    EXPECT_EQ(lambda->factor, row.d2);
-    EXPECT_EQ(lambda->at(lambda, 0, 0), 0.5 / (row.n4 / row.d2));
-
-    const int n4 = row.n4, d2 = row.d2;
-    EXPECT_EQ(e6->rule, row.env6_rule);
-    EXPECT_EQ(e6->rows, row.env6_rows);
-    EXPECT_EQ(e6->factor, d2);
-    EXPECT_EQ(e6->length, n4);
-    EXPECT_EQ(e6->rowLength, 2 * d2);
-    EXPECT_EQ(e6->outerLength, n);
-    EXPECT_EQ(e6->halfLength, n4 / 2);
-    EXPECT_EQ(e6->lastIndex, n4 - 1);
-    EXPECT_EQ(e6->outerCount, d);
-    EXPECT_EQ(e6->inner, n4 / d2);
+    EXPECT_EQ(lambda->length, n4);
+    EXPECT_EQ(lambda->factor, d2);
+    EXPECT_EQ(lambda->at(lambda, 0, 0), 0.5 / (n4 / d2));
+    EXPECT_EQ(params(e6), (Params{row.env6_rule, d2, n4, 2 * d2, row.env6_rows, n, n4 / 2,
+                                  n4 - 1, d, n4 / d2}));
     EXPECT_EQ(e6->angle, lambda);
-
-    EXPECT_EQ(e7->rule, row.env7_rule);
-    EXPECT_EQ(e7->inner, row.n7);
-    EXPECT_EQ(e7->rootLength, n);
-    EXPECT_EQ(e7->rootLength2, n);
-    EXPECT_EQ(e7->innerStride, 2 * d * d2);
-    EXPECT_EQ(e7->stride, 2 * d);
-    EXPECT_EQ(e7->count, d2);
-    EXPECT_EQ(e7->outerLength, n4);
-    EXPECT_EQ(e7->outerCount, d2);
+    EXPECT_EQ(params(e7), (Params{row.env7_rule, row.n7, n, n, 2 * d * d2, 2 * d, d2, n4, d2}));
     EXPECT_EQ(e7->table, nullptr);
     EXPECT_EQ(EnvList_get(e7->childList, 0), nullptr);
 }
@@ -201,44 +193,22 @@ TEST(DCT4Tree, RulesAndParametersByLength)
     }
 }
 
-TEST(DCT4Tree, DirectLengthsHaveNoChildren)
-{
-    const int rule_of[][2] = {{2, 1}, {4, 2}, {8, 3}, {16, 4}, {32, 5}};
-    for (const auto& [n, rule] : rule_of) {
-        Built<float> b(n);
-        ASSERT_EQ(b.status, zptgStatusOk);
-        EXPECT_EQ(b.root->rule, rule);
-        EXPECT_EQ(b.root->length, n);
-        EXPECT_EQ(b.root->scratch, nullptr);
-        EXPECT_EQ(EnvList_get(b.root->children, 0), nullptr);
-        EXPECT_EQ(b.offset(b.root), 0);
-        EXPECT_EQ(b.drawn(), zptgAlignSize32Bytes(kOwnSize<env1<float>>) + 3 * 32);
-    }
-}
-
 // N = 131072: a third level, env7 under rule 7 with its own env4.
 TEST(DCT4Tree, ThirdLevelAt131072)
 {
-    Built<float> b(131072);
+    constexpr int n = 131072;
+    Built<float> b(n);
     ASSERT_EQ(b.status, zptgStatusOk);
-    auto* e3 = item<env3<float>>(b.root->preList, 0);
-    auto* e4 = item<env4<float>>(e3->childList, 0);
+    auto* e4 = item<env4<float>>(item<env3<float>>(b.root->preList, 0)->childList, 0);
     ASSERT_NE(e4, nullptr);
-    EXPECT_EQ(e4->length, 4096);
-    EXPECT_EQ(e4->factor, 32);
-    auto* e6 = item<env6<float>>(e4->postList, 0);
+    EXPECT_EQ(params(e4), (Params{1, 4096, 32, n, n, 64, n, 32}));
+    EXPECT_EQ(params(item<env6<float>>(e4->postList, 0)),
+              (Params{5, 32, 4096, 64, 64, n, 2048, 4095, 32, 128}));
     auto* e7 = item<env7<float>>(e4->preList, 0);
-    EXPECT_EQ(e6->rule, 5);
-    EXPECT_EQ(e6->rows, 64);
-    EXPECT_EQ(e7->rule, 7);
-    EXPECT_EQ(e7->inner, 128);
+    EXPECT_EQ(params(e7), (Params{7, 128, n, n, 64 * 32, 64, 32, 4096, 32}));
     auto* deep = item<env4<float>>(e7->childList, 0);
     ASSERT_NE(deep, nullptr);
-    EXPECT_EQ(deep->length, 128);
-    EXPECT_EQ(deep->factor, 8);
-    EXPECT_EQ(deep->stride, 64 * 32);
-    EXPECT_EQ(deep->outerLength, 4096);
-    EXPECT_EQ(deep->outerCount, 32);
+    EXPECT_EQ(params(deep), (Params{1, 128, 8, n, n, 64 * 32, 4096, 32}));
     EXPECT_EQ(item<env6<float>>(deep->postList, 0)->rule, 3);
     EXPECT_EQ(item<env7<float>>(deep->preList, 0)->rule, 4);
     EXPECT_EQ(item<env7<float>>(deep->preList, 0)->innerStride, 64 * 32 * 8);
@@ -319,65 +289,6 @@ TEST(DCT4Image, SurplusOfTheReportedSize)
     check(4097, 256);
     check(65536, 256);
     check(131072, 256 + 160);
-}
-
-// ---- Failing plans ----------------------------------------------------------
-
-// Plans the root of `n` in a fresh arena of its own and takes it down as the
-// build does on failure; returns the arena word's final distance from where
-// the root was drawn.
-template <class T>
-int32_t failed_plan_balance(int n, zptgStatus* status)
-{
-    std::vector<unsigned char> block(1 << 16, 0);
-    void* arena = block.data();
-    const uintptr_t start = (reinterpret_cast<uintptr_t>(block.data()) + 64) & ~uintptr_t{31};
-    zptgArenaSetTop(arena, start);
-    auto* root = static_cast<env1<T>*>(zptgArenaMalloc(arena, kOwnSize<env1<T>>));
-    if constexpr (sizeof(T) == 4) {
-        owngDCT4_32f_env1___init__(root, arena, n);
-        *status = owngDCT4_32f_env1_plan(root);
-        owngDCT4_32f_env1___del__(root);
-    } else {
-        owngDCT4_64f_env1___init__(root, arena, n);
-        *status = owngDCT4_64f_env1_plan(root);
-        owngDCT4_64f_env1___del__(root);
-    }
-    zptgArenaFree(arena, root, kOwnSize<env1<T>>);
-    return static_cast<int32_t>(zptgArenaTop(arena) - start);
-}
-
-// A failing level's rule is set but its scratch never drawn; its destructor
-// gives the scratch size back all the same, so the word ends below the start.
-TEST(DCT4Failure, PartialTreeIsUndoneFromTheTop)
-{
-    zptgStatus s;
-    // N = 12: d = 2, m = 6; the env4 of 6 finds no factor of 3.
-    EXPECT_EQ(failed_plan_balance<float>(12, &s), -(64 + 32));
-    EXPECT_EQ(s, zptgStatusBadSize);
-    EXPECT_EQ(failed_plan_balance<double>(12, &s), -(96 + 64));
-    EXPECT_EQ(s, zptgStatusBadSize);
-    // N = 96: d = 8, m = 12; env4(12) splits by 2, its env7(6) fails below.
-    EXPECT_EQ(failed_plan_balance<float>(96, &s), -(384 + 64 + 32));
-    EXPECT_EQ(s, zptgStatusBadSize);
-    // Lengths that fail on the root's own factor draw nothing but the root's
-    // heads, and still give back the scratch size of the split rule.
-    const int32_t balance_of[][2] = {{1, -32}, {0, 0}, {-1, 0}, {3, -32}, {6, -32}};
-    for (const auto& [n, balance] : balance_of) {
-        EXPECT_EQ(failed_plan_balance<float>(n, &s), balance) << "N " << n;
-        EXPECT_EQ(s, zptgStatusBadSize);
-    }
-}
-
-// A length whose sizes wrap gets no plan: the table would not fit the
-// arena's arithmetic, so planning stops before drawing or filling it.
-TEST(DCT4Failure, WrappedTableSizeFailsBeforeTheTable)
-{
-    zptgStatus s;
-    failed_plan_balance<float>(1 << 30, &s);
-    EXPECT_EQ(s, zptgStatusBadSize);
-    failed_plan_balance<double>(1 << 29, &s);
-    EXPECT_EQ(s, zptgStatusBadSize);
 }
 
 }  // namespace
