@@ -182,7 +182,7 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
 
     BodyText body(g);
     body.text() << "template <class T, class In, class Out>\n"
-                << "[[gnu::always_inline]] inline void " << name
+                << "inline void " << name
                 << "(const In& in, const Out& out, T s)\n{\n";
 
     std::map<int, std::string> value_name;  // node -> its name in the text
