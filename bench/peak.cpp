@@ -59,24 +59,20 @@ constexpr int kOpsPerTrip = 14;  // two rounds of seven
 #define ZPTG_POP8 "fstp %%st(0)\n\tfstp %%st(0)\n\tfstp %%st(0)\n\tfstp %%st(0)\n\t" \
     "fstp %%st(0)\n\tfstp %%st(0)\n\tfstp %%st(0)\n\tfstp %%st(0)\n\t"
 
-__attribute__((noinline)) double add_chains(long trips, double v)
-{
-    __asm__ volatile(ZPTG_LOAD8 "1:\n\t" ZPTG_ON7("fadd ") ZPTG_ON7("fadd ") "dec %0\n\tjnz 1b\n\t" ZPTG_POP8
-                     : "+r"(trips)
-                     : "m"(v)
-                     : "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)");
-    return 0;
-}
+// Seven chains of `op` over trips of two rounds.
+#define ZPTG_X87_CHAINS(name, op)                                                                   \
+    __attribute__((noinline)) double name(long trips, double v)                                     \
+    {                                                                                               \
+        __asm__ volatile(ZPTG_LOAD8 "1:\n\t" ZPTG_ON7(op) ZPTG_ON7(op) "dec %0\n\tjnz 1b\n\t" ZPTG_POP8 \
+                         : "+r"(trips)                                                              \
+                         : "m"(v)                                                                   \
+                         : "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)");    \
+        return 0;                                                                                   \
+    }
+ZPTG_X87_CHAINS(add_chains, "fadd ")
+ZPTG_X87_CHAINS(product_chains, "fmul ")
 
-__attribute__((noinline)) double product_chains(long trips, double v)
-{
-    __asm__ volatile(ZPTG_LOAD8 "1:\n\t" ZPTG_ON7("fmul ") ZPTG_ON7("fmul ") "dec %0\n\tjnz 1b\n\t" ZPTG_POP8
-                     : "+r"(trips)
-                     : "m"(v)
-                     : "st", "st(1)", "st(2)", "st(3)", "st(4)", "st(5)", "st(6)", "st(7)");
-    return 0;
-}
-
+#undef ZPTG_X87_CHAINS
 #undef ZPTG_POP8
 #undef ZPTG_LOAD8
 #undef ZPTG_ON7

@@ -43,6 +43,8 @@ public:
     Cplx sub(Cplx x, Cplx y) const { return {g_.sub(x.re, y.re), g_.sub(x.im, y.im)}; }
     Cplx scale(long double c, Cplx x) const { return {g_.mul(c, x.re), g_.mul(c, x.im)}; }
     static Cplx neg(Cplx x) { return {-x.re, -x.im}; }
+    // Both parts taken the other way round where `flip` is set (Graph::oriented).
+    Cplx oriented(Cplx x, bool flip) const { return {g_.oriented(x.re, flip), g_.oriented(x.im, flip)}; }
     // x * (s i) for s = +1 or -1: (re, im) -> (-s im, s re).
     static Cplx times_i(Cplx x, int s)
     {

@@ -115,6 +115,9 @@ private:
     std::vector<int> result_;
 };
 
+// The input that node i is, or -1 for an operation or no node.
+int input_of(const Graph& g, int i) { return i >= 0 && g.node(i).op == Op::Input ? g.node(i).input : -1; }
+
 // The text of a body as it is written: inputs read at their first use,
 // stores held back until every input has been read.
 class BodyText {
@@ -136,7 +139,7 @@ public:
     void read_operands(const Node& n)
     {
         for (int operand : {n.a, n.b})
-            if (operand >= 0 && g_.node(operand).op == Op::Input) read(g_.node(operand).input);
+            if (const int input = input_of(g_, operand); input >= 0) read(input);
     }
     // Output slot k takes `value` times the scale, now or once all is read.
     void store(size_t k, const std::string& value)
@@ -189,7 +192,7 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     std::vector<char> used(size_t(g.input_count()), 0);
     for (int i : order)
         for (int operand : {g.node(i).a, g.node(i).b})
-            if (operand >= 0 && g.node(operand).op == Op::Input) used[size_t(g.node(operand).input)] = 1;
+            if (const int input = input_of(g, operand); input >= 0) used[size_t(input)] = 1;
     for (size_t i = 0; i < g.nodes().size(); ++i) {
         const Node& n = g.node(int(i));
         if (n.op != Op::Input) continue;

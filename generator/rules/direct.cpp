@@ -41,10 +41,7 @@ CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir)
     std::vector<Cplx> a(h), d(h);
     for (int j = 1; j <= h; ++j) a[j - 1] = ops.add(x[j], x[p - j]);
     for (int j = 1; j <= h; ++j) d[j - 1] = ops.sub(x[j], x[p - j]);
-    if (ops.pair_differences_reversed()) {
-        Graph& g = ops.graph();
-        for (Cplx& v : d) v = {g.reorient(v.re), g.reorient(v.im)};
-    }
+    for (Cplx& v : d) v = ops.oriented(v, ops.pair_differences_reversed());
     const PairSums<Cplx> s = pair_sums(ops, p, 1, x[0], a, d);
     CVec X(p);
     X[0] = s.total;

@@ -64,7 +64,7 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
     CVec X(p);
     X[0] = ops.add(a0, x[0]);
     Cplx b0 = ops.sub(x[0], ops.scale(1.0L / l, a0));
-    b0 = {g.oriented(b0.re, g.orientation.start), g.oriented(b0.im, g.orientation.start)};
+    b0 = ops.oriented(b0, g.orientation.start);
     HalfSpectrum vre(l / 2 + 1), vim(l / 2 + 1);
     vre[0] = {b0.re, Real{}};
     vim[0] = {b0.im, Real{}};

@@ -62,7 +62,7 @@ HalfSpectrum forward_rows(Graph& g, const Split& s, const std::vector<HalfSpectr
         }
         const bool flip = s.real_row(k1) ? g.orientation.forward_real_rows
                                          : g.orientation.forward_complex_rows;
-        for (Cplx& v : row) v = {g.oriented(v.re, flip), g.oriented(v.im, flip)};
+        for (Cplx& v : row) v = ops.oriented(v, flip);
         for (int k2 = 0; k2 < s.b; ++k2) store_spectrum(&X, s.n, s.out(k1, k2), row[k2]);
     }
     return X;
@@ -160,8 +160,7 @@ RVec real_good_thomas_inverse(Graph& g, const RealRule& rule, const HalfSpectrum
             for (int k2 = 0; k2 < s.b; ++k2) Z[k2] = spectrum_at(X, s.n, s.out(k1, k2));
             const CVec z = complex_row(ops, Z, Dir::Inverse, s.power_b);
             const bool flip = g.orientation.inverse_complex_rows;
-            for (int n2 = 0; n2 < s.b; ++n2)
-                y[n2][k1] = {g.oriented(z[n2].re, flip), g.oriented(z[n2].im, flip)};
+            for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = ops.oriented(z[n2], flip);
         }
     }
     RVec x(s.n);

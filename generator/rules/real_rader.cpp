@@ -45,16 +45,11 @@ HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Rea
     const int p = rule.n, l = p - 1;
     HalfSpectrum v(l / 2 + 1);
     v[0] = {t0, Real{}};
-    for (int j = 1; j < l / 2; ++j) {
+    for (int j = 1; j <= l / 2; ++j) {
         const auto c = rader_spectrum(p, rule.root, j, dir, 1);
-        v[j] = ops.rotate(u[j], 2 * c.real(), 2 * c.imag());
-        v[j] = {g.oriented(v[j].re, rule.reversed_rotations),
-                g.oriented(v[j].im, rule.reversed_rotations)};
+        const long double k = j < l / 2 ? 2 : 1;
+        v[j] = ops.oriented(ops.rotate(u[j], k * c.real(), k * c.imag()), rule.reversed_rotations);
     }
-    const auto c = rader_spectrum(p, rule.root, l / 2, dir, 1);
-    v[l / 2] = ops.rotate(u[l / 2], c.real(), c.imag());
-    v[l / 2] = {g.oriented(v[l / 2].re, rule.reversed_rotations),
-                g.oriented(v[l / 2].im, rule.reversed_rotations)};
     return v;
 }
 
