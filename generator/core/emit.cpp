@@ -119,18 +119,30 @@ private:
 int input_of(const Graph& g, int i) { return i >= 0 && g.node(i).op == Op::Input ? g.node(i).input : -1; }
 
 // The text of a body as it is written: inputs read at their first use,
-// stores held back until every input has been read.
+// stores held back until every input has been read, literal zeros last.
 class BodyText {
 public:
-    explicit BodyText(const Graph& g) : g_(g), read_(size_t(g.input_count()), 0), unread_(g.input_count()) {}
+    BodyText(const Graph& g, const std::vector<Real>& outputs, const Layout& layout)
+        : g_(g), outputs_(outputs), layout_(layout), read_(size_t(g.input_count()), 0)
+    {
+        for (const Node& n : g.nodes())
+            if (n.op == Op::Input) ++unread_;
+    }
 
+    // The position input slot `input` is read from, named x<position>.
+    int position(int input) const
+    {
+        if (size_t(input) >= layout_.reads.size() || layout_.reads[size_t(input)] < 0)
+            throw std::logic_error("an input slot with no position in the layout");
+        return layout_.reads[size_t(input)];
+    }
     // Reads `input` unless it has been read already.
     void read(int input)
     {
         if (read_[size_t(input)]) return;
         read_[size_t(input)] = 1;
         --unread_;
-        text_ << "    const T x" << input << " = in(" << input << ");\n";
+        text_ << "    const T x" << position(input) << " = in(" << position(input) << ");\n";
         if (unread_ == 0) {
             for (const auto& [k, value] : waiting_) write_store(k, value);
             waiting_.clear();
@@ -149,23 +161,58 @@ public:
         else
             write_store(k, value);
     }
+    void store_zeros()
+    {
+        for (int p : layout_.zeros) text_ << "    out.zero(" << p << ");\n";
+    }
     std::ostringstream& text() { return text_; }
     size_t stored() const { return stored_; }
 
 private:
     void write_store(size_t k, const std::string& value)
     {
-        text_ << "    out(" << k << ", s * " << value << ");\n";
+        const Placement& p = layout_.stores[k];
+        text_ << "    out(" << p.position << ", ";
+        if (p.negated != outputs_[k].neg)
+            text_ << "-(s * " << value << "));\n";
+        else
+            text_ << "s * " << value << ");\n";
         ++stored_;
     }
 
     const Graph& g_;
+    const std::vector<Real>& outputs_;
+    const Layout& layout_;
     std::vector<char> read_;
-    int unread_;
+    int unread_ = 0;
     std::vector<std::pair<size_t, std::string>> waiting_;
     size_t stored_ = 0;
     std::ostringstream text_;
 };
+
+size_t stores_expected(const std::vector<Real>& outputs)
+{
+    return size_t(std::count_if(outputs.begin(), outputs.end(), [](const Real& r) { return !r.is_zero(); }));
+}
+
+// Every output is stored at one position of its own or is the exact zero
+// and not stored; no position is written twice.
+void check_layout(const std::vector<Real>& outputs, const Layout& layout, const std::string& name)
+{
+    if (layout.stores.size() != outputs.size())
+        throw std::logic_error(name + ": the layout places another number of outputs");
+    std::vector<int> written = layout.zeros;
+    for (size_t k = 0; k < outputs.size(); ++k) {
+        const int p = layout.stores[k].position;
+        if ((p < 0) != outputs[k].is_zero())
+            throw std::logic_error(name + ": output slot " + std::to_string(k) +
+                                   (p < 0 ? " has a value and no position" : " is zero and stored"));
+        if (p >= 0) written.push_back(p);
+    }
+    std::sort(written.begin(), written.end());
+    if (std::adjacent_find(written.begin(), written.end()) != written.end())
+        throw std::logic_error(name + ": a position is written twice");
+}
 
 }  // namespace
 
@@ -176,14 +223,19 @@ private:
 // has been read: all reads come before the first store, so dst may equal src.
 std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const std::string& name)
 {
-    for (const Real& r : outputs)
-        if (r.is_zero() || r.neg) throw std::logic_error(name + ": an output is zero or negated");
+    return emit_body(g, outputs, name, identity_layout(g.input_count(), int(outputs.size())));
+}
 
+std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const std::string& name,
+                      const Layout& layout)
+{
+    check_layout(outputs, layout, name);
     const std::vector<int> order = Scheduler(g, live_nodes(g, outputs)).result();
     std::map<int, std::vector<size_t>> stores;  // node -> the output slots that take it
-    for (size_t k = 0; k < outputs.size(); ++k) stores[outputs[k].node].push_back(k);
+    for (size_t k = 0; k < outputs.size(); ++k)
+        if (!outputs[k].is_zero()) stores[outputs[k].node].push_back(k);
 
-    BodyText body(g);
+    BodyText body(g, outputs, layout);
     body.text() << "template <class T, class In, class Out>\n"
                 << "inline void " << name
                 << "(const In& in, const Out& out, T s)\n{\n";
@@ -196,7 +248,7 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
     for (size_t i = 0; i < g.nodes().size(); ++i) {
         const Node& n = g.node(int(i));
         if (n.op != Op::Input) continue;
-        value_name[int(i)] = numbered('x', size_t(n.input));
+        value_name[int(i)] = numbered('x', size_t(body.position(n.input)));
         if (!used[size_t(n.input)]) body.read(n.input);
     }
     // Each constant once, in order of first use.
@@ -210,7 +262,8 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
                     << ");\n";
     }
     for (size_t k = 0; k < outputs.size(); ++k)
-        if (g.node(outputs[k].node).op == Op::Input) body.store(k, value_name.at(outputs[k].node));
+        if (!outputs[k].is_zero() && g.node(outputs[k].node).op == Op::Input)
+            body.store(k, value_name.at(outputs[k].node));
     // The operations in the scheduler's order.
     size_t temps = 0;
     for (int i : order) {
@@ -231,7 +284,8 @@ std::string emit_body(const Graph& g, const std::vector<Real>& outputs, const st
         if (it == stores.end()) continue;
         for (size_t k : it->second) body.store(k, t);
     }
-    if (body.stored() != outputs.size()) throw std::logic_error(name + ": an output is not stored");
+    if (body.stored() != stores_expected(outputs)) throw std::logic_error(name + ": an output is not stored");
+    body.store_zeros();
     body.text() << "}\n";
     return body.text().str();
 }

@@ -8,7 +8,7 @@ namespace zptg::gen {
 
 int Graph::intern(const Node& n)
 {
-    const auto key = std::make_tuple(n.op, n.a, n.b, n.constant, n.input);
+    const auto key = std::make_tuple(n.op, n.a, n.b, n.constant, n.input, n.kept);
     auto [it, inserted] = interned_.emplace(key, int(nodes_.size()));
     if (inserted) nodes_.push_back(n);
     return it->second;
@@ -63,6 +63,15 @@ Real Graph::mul(long double c, Real x)
     return Real{intern(n), neg};
 }
 
+Real Graph::doubled(Real x)
+{
+    if (x.is_zero()) return x;
+    Node n{Op::Mul, x.node};
+    n.constant = constant_index(2);
+    n.kept = true;
+    return Real{intern(n), x.neg};
+}
+
 Real Graph::reorient(Real x)
 {
     if (x.is_zero() || nodes_[x.node].op != Op::Sub) return x;
@@ -76,7 +85,7 @@ Real Graph::mul_distributed(long double c, Real x)
     if (x.is_zero()) return x;
     const Node n = nodes_[x.node];
     if ((n.op != Op::Add && n.op != Op::Sub) || nodes_[n.a].op != Op::Mul ||
-        nodes_[n.b].op != Op::Mul)
+        nodes_[n.b].op != Op::Mul || nodes_[n.a].kept || nodes_[n.b].kept)
         return mul(c, x);
     const Node p = nodes_[n.a], q = nodes_[n.b];
     const Real first = mul(c * constants_[p.constant], Real{p.a, false});

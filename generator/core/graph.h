@@ -31,6 +31,9 @@ struct Node {
     int b = -1;         // second operand (Add, Sub)
     int constant = -1;  // index into Graph::constants (Mul)
     int input = -1;     // input slot (Input)
+    // Mul: a product that the graph asked for as it stands (a doubling),
+    // which mul_distributed() never takes into another constant.
+    bool kept = false;
 };
 
 // A node with a sign; node == kZero is the exact zero.
@@ -89,7 +92,12 @@ public:
     // is taken apart: the result is (c c1) * y +- (c c2) * z. So constants
     // that meet are held as their products, and the product with c is not
     // made. (For an x that has no other use: its products then go unused.)
+    // Doublings are never taken apart: c * x is then one product.
     Real mul_distributed(long double c, Real x);
+    // 2 * x as a product of its own (the doubling of a term of the conjugate
+    // half in an inverse real transform): counted and emitted as a product
+    // by 2.0, and never folded into a later constant by mul_distributed().
+    Real doubled(Real x);
     // The same value with its difference taken the other way round: for a
     // difference a - b, the node b - a with the sign flipped. Other values
     // are returned as they are.
@@ -110,7 +118,7 @@ private:
     std::vector<Node> nodes_;
     std::vector<long double> constants_;
     std::map<double, int> constant_by_value_;
-    std::map<std::tuple<Op, int, int, int, int>, int> interned_;
+    std::map<std::tuple<Op, int, int, int, int, bool>, int> interned_;
     int input_count_ = 0;
 };
 

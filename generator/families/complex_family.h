@@ -1,15 +1,14 @@
 // The complex DFT family: for every length 2..64 and both directions, the
-// graph of the table's rule, checked against the plain DFT, then emitted as
-// one body header per length, the four exported kernels of that length, the
-// four dispatchers and a manifest of every kernel's counts.
+// graph of the table's rule on interleaved complex values, checked against
+// the plain DFT; four members per length (forward and inverse, 32fc and
+// 64fc), written by the family writer (core/family.h).
 #ifndef ZPTG_GEN_FAMILIES_COMPLEX_H
 #define ZPTG_GEN_FAMILIES_COMPLEX_H
 
-#include <string>
 #include <vector>
 
-#include "core/analysis.h"
 #include "core/complex.h"
+#include "core/family.h"
 
 namespace zptg::gen {
 
@@ -26,9 +25,8 @@ ComplexKernel build_complex_kernel(int n, Dir dir);
 // pseudo-random inputs, relative to the largest output.
 long double complex_kernel_error(const ComplexKernel& k);
 
-// Writes the family's files below `dir`; `command` is the generator's
-// command line, recorded in every file.
-void write_complex_family(const std::string& dir, const std::string& command);
+// The family's description.
+Family complex_family();
 
 }  // namespace zptg::gen
 

@@ -97,6 +97,7 @@ TEST(ComplexBody, ShapeAndOrderOfEveryBody)
             ASSERT_GE(s.first_store, 0) << "no store";
             EXPECT_LT(s.last_read, s.first_store) << "a read after the first store";
             EXPECT_EQ(s.scale_products, 2 * n) << "products with the scale";
+            EXPECT_EQ(s.negations + s.zeros, 0) << "a sign flip or a literal zero in a complex body";
         }
     }
 }

@@ -28,6 +28,7 @@ Symbol Symbol::scale() { return SymbolAccess::append({Op::Scale}); }
 Symbol operator+(Symbol a, Symbol b) { return SymbolAccess::append({Op::Add, a.position(), b.position()}); }
 Symbol operator-(Symbol a, Symbol b) { return SymbolAccess::append({Op::Sub, a.position(), b.position()}); }
 Symbol operator*(Symbol a, Symbol b) { return SymbolAccess::append({Op::Mul, a.position(), b.position()}); }
+Symbol operator-(Symbol a) { return SymbolAccess::append({Op::Neg, a.position()}); }
 
 Symbol SymbolIn::operator()(int slot) const { return SymbolAccess::append({Op::Input, -1, -1, slot}); }
 
@@ -35,6 +36,8 @@ void SymbolOut::operator()(int slot, Symbol value) const
 {
     SymbolAccess::append({Op::Store, value.position(), -1, slot});
 }
+
+void SymbolOut::zero(int slot) const { SymbolAccess::append({Op::Zero, -1, -1, slot}); }
 
 Tape record(int n, Dir d)
 {

@@ -7,13 +7,13 @@ namespace {
 
 // Data values are reads and the results of sums, differences and constant
 // products; the scale and the constants are not data, and a scale product
-// may only be stored.
-enum class Kind { Data, Constant, Scale, ScaleProduct, Stored };
+// may only be stored, as it is or negated.
+enum class Kind { Data, Constant, Scale, ScaleProduct, NegatedScaleProduct, Stored };
 
 std::string where(int position, const Step& s)
 {
     static const char* const names[] = {"read", "constant", "scale", "sum", "difference",
-                                        "product", "store"};
+                                        "product", "negation", "store", "zero store"};
     return std::string(names[int(s.op)]) + " at step " + std::to_string(position);
 }
 
@@ -69,20 +69,33 @@ TapeSummary summarize(const Tape& tape, int n)
             }
             break;
         }
+        case Op::Neg:
+            kind[i] = Kind::NegatedScaleProduct;
+            ++sum.negations;
+            if (kind[s.a] != Kind::ScaleProduct) fault(i, "negates a value that is not a scale product");
+            stored[s.a] = true;  // its one use, checked below
+            break;
         case Op::Store:
+        case Op::Zero:
             kind[i] = Kind::Stored;
             if (sum.first_store < 0) sum.first_store = i;
-            stored[s.a] = true;
             if (s.slot < 0 || s.slot >= 2 * n) fault(i, "slot out of range");
             else ++sum.stores[s.slot];
-            if (kind[s.a] != Kind::ScaleProduct) fault(i, "stores a value that is not a scale product");
+            if (s.op == Op::Zero) {
+                ++sum.zeros;
+                break;
+            }
+            stored[s.a] = true;
+            if (kind[s.a] != Kind::ScaleProduct && kind[s.a] != Kind::NegatedScaleProduct)
+                fault(i, "stores a value that is not a scale product");
             break;
         }
     }
     for (int i = 0; i < int(tape.size()); ++i) {
         const Kind k = kind[i];
-        // A scale product is the last operation on its value: its one use is a store.
-        if (k == Kind::ScaleProduct && !(uses[i] == 1 && stored[i]))
+        // A scale product is the last operation on its value: its one use is
+        // a store, or a sign flip whose one use is a store.
+        if ((k == Kind::ScaleProduct || k == Kind::NegatedScaleProduct) && !(uses[i] == 1 && stored[i]))
             fault(i, "a scale product used otherwise than by one store");
         if ((k == Kind::Data || k == Kind::Constant) && uses[i] == 0) fault(i, "computed for nothing");
     }

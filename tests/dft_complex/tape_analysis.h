@@ -2,7 +2,8 @@
 // constants it holds, how often each slot is read and stored and where the
 // reads and stores stand, and every step outside the bodies' contract
 // (a product that is not constant times value, a sum with a constant in it,
-// a store of anything but the scale product, a value computed for nothing).
+// a store of anything but the scale product or its negation, a negation of
+// anything else, a value computed for nothing).
 #ifndef ZPTG_TESTS_DFT_COMPLEX_TAPE_ANALYSIS_H
 #define ZPTG_TESTS_DFT_COMPLEX_TAPE_ANALYSIS_H
 
@@ -20,10 +21,12 @@ struct TapeSummary {
     int subtractions = 0;
     int products = 0;        // constant times value
     int scale_products = 0;  // scale times value
+    int negations = 0;       // sign flips of scale products, not operations of the body
+    int zeros = 0;           // literal zeros stored
     std::set<double> constants;  // distinct values used in products
     int constants_held = 0;      // constants the body declares
     std::vector<int> reads;   // per slot
-    std::vector<int> stores;  // per slot
+    std::vector<int> stores;  // per slot, values and literal zeros
     int last_read = -1;       // tape positions
     int first_store = -1;
     std::vector<std::string> faults;
