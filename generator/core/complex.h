@@ -25,20 +25,6 @@ public:
     explicit ComplexOps(Graph& g) : g_(g) {}
     Graph& graph() const { return g_; }
 
-    // Whether the conjugate-pair forms built with these operations take
-    // their pair differences the other way round: x[p-j] - x[j], carried
-    // with a negative sign, instead of x[j] - x[p-j]. The value is the same;
-    // the sign decides which of the later sums are additions and which
-    // subtractions. The second stage of a Cooley-Tukey form asks for it
-    // (rules/cooley_tukey.cpp); every other stage takes them as written.
-    bool pair_differences_reversed() const { return pair_differences_reversed_; }
-    ComplexOps with_pair_differences_reversed(bool reversed) const
-    {
-        ComplexOps o(*this);
-        o.pair_differences_reversed_ = reversed;
-        return o;
-    }
-
     Cplx add(Cplx x, Cplx y) const { return {g_.add(x.re, y.re), g_.add(x.im, y.im)}; }
     Cplx sub(Cplx x, Cplx y) const { return {g_.sub(x.re, y.re), g_.sub(x.im, y.im)}; }
     Cplx scale(long double c, Cplx x) const { return {g_.mul(c, x.re), g_.mul(c, x.im)}; }
@@ -61,7 +47,6 @@ public:
 
 private:
     Graph& g_;
-    bool pair_differences_reversed_ = false;
 };
 
 }  // namespace zptg::gen

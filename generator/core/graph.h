@@ -47,42 +47,8 @@ struct Real {
     friend bool operator==(const Real&, const Real&) = default;
 };
 
-// Which differences of a Rader form's stages are taken the other way round.
-// A difference a - b can be made as the node a - b or as the node b - a
-// carried with a negative sign: the value is the same, but its sign decides
-// whether each later sum that uses it is an addition or a subtraction. So
-// these choices fix how a form's sums split into additions and
-// subtractions, and nothing else. A Rader rule names its choice, one for
-// the kernel of its own length and one for its use as a stage of a
-// composite length (rules/table.cpp); every other form keeps the plain
-// orientation of its written sums. The choice holds for all the stages the
-// form runs, the real transforms of its two halves included.
-struct Orientation {
-    bool start = false;            // Rader: B[0] = x[0] - A[0]/L
-    bool rotation_sums = false;    // Rader: the sum U of each rotation
-    bool rotation_differences = false;  // Rader: the difference V of each rotation
-    // Real forward conjugate-pair stages: the pair differences d[j], the
-    // cosine sums m[k] and the sine sums t[k].
-    bool pair_differences = false;
-    bool cosine_sums = false;
-    bool sine_sums = false;
-    // Real Good-Thomas stages: the outputs of the complex rows and of the
-    // real rows of a forward transform, and of an inverse one.
-    bool forward_complex_rows = false;
-    bool forward_real_rows = false;
-    bool inverse_complex_rows = false;
-    bool inverse_real_rows = false;
-};
-
 class Graph {
 public:
-    // Where the graph's builder stands, kept with the graph it builds: the
-    // orientation the form being built asks for (see Orientation), and how
-    // many complex transforms are being built one inside the other (a
-    // transform built inside another is a stage of it).
-    Orientation orientation;
-    int transform_depth = 0;
-
     Real input(int slot);
     Real add(Real x, Real y);
     Real sub(Real x, Real y) { return add(x, -y); }
@@ -120,21 +86,6 @@ private:
     std::map<double, int> constant_by_value_;
     std::map<std::tuple<Op, int, int, int, int, bool>, int> interned_;
     int input_count_ = 0;
-};
-
-// Sets a graph's builder state for a scope and restores it on leaving,
-// also when the build throws.
-template <class V>
-class ScopedValue {
-public:
-    ScopedValue(V& slot, V value) : slot_(slot), saved_(slot) { slot_ = value; }
-    ~ScopedValue() { slot_ = saved_; }
-    ScopedValue(const ScopedValue&) = delete;
-    ScopedValue& operator=(const ScopedValue&) = delete;
-
-private:
-    V& slot_;
-    V saved_;
 };
 
 }  // namespace zptg::gen

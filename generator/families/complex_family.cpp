@@ -21,7 +21,7 @@ std::string describe(const Rule& r)
     case Form::GoodThomas: s << "Good-Thomas " << r.first << " x " << r.second; break;
     case Form::CooleyTukey: s << "Cooley-Tukey " << r.first << " x " << r.second; break;
     case Form::Rader:
-        s << "Rader, root " << r.root << ", cycle transform " << describe(*r.cycle_rule);
+        s << "Rader, root " << r.root << ", cycle transform " << r.cycle;
         break;
     }
     if (r.first_rule) s << " (first stage " << describe(*r.first_rule) << ")";
@@ -38,7 +38,7 @@ ComplexKernel build_complex_kernel(int n, Dir dir)
     ComplexOps ops(k.graph);
     CVec x(n);
     for (int i = 0; i < n; ++i) x[i] = {k.graph.input(2 * i), k.graph.input(2 * i + 1)};
-    const CVec X = transform(ops, x, dir);
+    const CVec X = transform(ops, complex_rule(n), x, dir);
     for (const Cplx& v : X) {
         k.outputs.push_back(v.re);
         k.outputs.push_back(v.im);

@@ -18,10 +18,10 @@
 // sines, decide which of the second stage's sums are additions and which
 // subtractions. The form fixes them so:
 //
-// - Up to a half turn (as a stage of a larger length: up to a quarter turn)
-//   a twiddle is the product with cos and sin of its own angle, the signs of
-//   a negative cosine or sine falling into its sum and difference as they
-//   come.
+// - Up to a half turn or a quarter turn (the row's orientation names which,
+//   rules/table.cpp) a twiddle is the product with cos and sin of its own
+//   angle, the signs of a negative cosine or sine falling into its sum and
+//   difference as they come.
 // - Past that angle it is the product with the angle less a half turn, and
 //   the half turn itself, a negation, is carried as the sign of both parts
 //   into the second stage's sums: w^e = -(-w^e), and -w^e is the turn by
@@ -29,7 +29,7 @@
 //   short of three quarter turns the cosine of that angle is positive, and
 //   the difference is the cosine product less the sine product.
 // - The second stage's conjugate-pair forms take their pair differences the
-//   other way round (core/complex.h), the first stage's as written.
+//   other way round (their rows say so), the first stage's as written.
 //
 // None of this changes a value or the number of operations, only the split
 // of the sums into additions and subtractions, and these are the choices
@@ -72,14 +72,12 @@ Cplx twiddle(const ComplexOps& ops, Cplx v, long long e, int n, Dir dir, Negated
     return ops.rotate(v, cos_2pi(e, n), sgn * sin_2pi(e, n));
 }
 
-CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir,
-                       bool as_stage)
+CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int f = rule.first, s = rule.second, n = rule.n;
-    const NegatedTurns negated =
-        as_stage ? NegatedTurns::PastQuarterTurn : NegatedTurns::PastHalfTurn;
-    const ComplexOps second_ops = ops.with_pair_differences_reversed(true);
-    const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
+    const NegatedTurns negated = rule.orientation.negated_turns;
+    const Rule& first_rule = stage_rule(rule.first_rule, f);
+    const Rule& second_rule = stage_rule(rule.second_rule, s);
     std::vector<CVec> z(s);
     for (int r = 0; r < s; ++r) {
         CVec column(f);
@@ -91,7 +89,7 @@ CVec cooley_tukey_form(const ComplexOps& ops, const Rule& rule, const CVec& x, D
     for (int k = 0; k < f; ++k) {
         CVec row(s);
         for (int r = 0; r < s; ++r) row[r] = z[r][k];
-        const CVec v = transform(second_ops, complex_rule(s), row, dir);
+        const CVec v = transform(ops, second_rule, row, dir);
         for (int j = 0; j < s; ++j) X[k + f * j] = v[j];
     }
     return X;

@@ -35,13 +35,13 @@ CVec dft2(const ComplexOps& ops, const CVec& x)
 
 // 3, 5, 7: the pair sums and differences, the sums of pair_sums(), then
 // the outputs of each pair.
-CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir)
+CVec conjugate_pair_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int p = int(x.size()), h = (p - 1) / 2;
     std::vector<Cplx> a(h), d(h);
     for (int j = 1; j <= h; ++j) a[j - 1] = ops.add(x[j], x[p - j]);
     for (int j = 1; j <= h; ++j) d[j - 1] = ops.sub(x[j], x[p - j]);
-    for (Cplx& v : d) v = ops.oriented(v, ops.pair_differences_reversed());
+    for (Cplx& v : d) v = ops.oriented(v, rule.orientation.pair_differences);
     const PairSums<Cplx> s = pair_sums(ops, p, 1, x[0], a, d);
     CVec X(p);
     X[0] = s.total;
@@ -59,13 +59,13 @@ CVec conjugate_pair_form(const ComplexOps& ops, const CVec& x, Dir dir)
 
 }  // namespace
 
-CVec direct_form(const ComplexOps& ops, const CVec& x, Dir dir)
+CVec direct_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     switch (x.size()) {
     case 2: return dft2(ops, x);
     case 3:
     case 5:
-    case 7: return conjugate_pair_form(ops, x, dir);
+    case 7: return conjugate_pair_form(ops, rule, x, dir);
     }
     throw std::logic_error("no direct form for this length");
 }

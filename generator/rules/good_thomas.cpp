@@ -14,7 +14,8 @@ namespace zptg::gen {
 CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int f = rule.first, s = rule.second, n = rule.n;
-    const Rule& first_rule = rule.first_rule ? *rule.first_rule : complex_rule(f);
+    const Rule& first_rule = stage_rule(rule.first_rule, f);
+    const Rule& second_rule = stage_rule(rule.second_rule, s);
     std::vector<CVec> y(s);
     for (int a = 0; a < s; ++a) {
         CVec column(f);
@@ -25,7 +26,7 @@ CVec good_thomas_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Di
     for (int k2 = 0; k2 < f; ++k2) {
         CVec row(s);
         for (int a = 0; a < s; ++a) row[a] = y[a][k2];
-        const CVec Y = transform(ops, complex_rule(s), row, dir);
+        const CVec Y = transform(ops, second_rule, row, dir);
         for (int k1 = 0; k1 < s; ++k1) {
             // The k with k = k1 mod S and k = k2 mod F.
             int k = k1;

@@ -34,9 +34,10 @@
 // both directions make the same operations with the same constants.
 //
 // Which of the form's differences are taken the other way round (B[0], the
-// rotations' sums and differences, those of the real stages) is the rule's
-// orientation (core/graph.h), one for the kernel of length p and one for a
-// stage of a composite length; it holds while the form is built.
+// rotations' sums and differences) is the row's orientation
+// (rules/orientation.h); its fields of the real stages hold for the rows of
+// the two halves (rules/oriented_rows.h).
+#include "rules/oriented_rows.h"
 #include "rules/rader_spectrum.h"
 #include "rules/real.h"
 #include "rules/transform.h"
@@ -48,8 +49,11 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 {
     Graph& g = ops.graph();
     const int p = rule.n, l = p - 1, root = rule.root;
-    const RealRule& first = rule.first_half ? *rule.first_half : real_forward_rule(l);
-    const RealRule& second = rule.second_half ? *rule.second_half : real_inverse_rule(l);
+    const Orientation& o = rule.orientation;
+    const RealRule& first =
+        oriented_rows(rule.first_half ? *rule.first_half : real_forward_rule(l), false, o);
+    const RealRule& second =
+        oriented_rows(rule.second_half ? *rule.second_half : real_inverse_rule(l), true, o);
 
     RVec ure(l), uim(l);
     for (int m = 0; m < l; ++m) {
@@ -64,7 +68,7 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
     CVec X(p);
     X[0] = ops.add(a0, x[0]);
     Cplx b0 = ops.sub(x[0], ops.scale(1.0L / l, a0));
-    b0 = ops.oriented(b0, g.orientation.start);
+    b0 = ops.oriented(b0, o.start);
     HalfSpectrum vre(l / 2 + 1), vim(l / 2 + 1);
     vre[0] = {b0.re, Real{}};
     vim[0] = {b0.im, Real{}};
@@ -76,8 +80,8 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
             const Real m = a.re, t = -a.im;
             *u = g.add(g.mul(alpha2, m), g.mul(beta2, t));
             *v = g.add(g.mul(beta2, m), g.mul(-alpha2, t));
-            *u = g.oriented(*u, g.orientation.rotation_sums);
-            *v = g.oriented(*v, g.orientation.rotation_differences);
+            *u = g.oriented(*u, o.rotation_sums);
+            *v = g.oriented(*v, o.rotation_differences);
         };
         Real ure_k, vre_k, uim_k, vim_k;
         rotation(are[k], &ure_k, &vre_k);
@@ -105,14 +109,10 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
 
 }  // namespace
 
-CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir, bool as_stage)
+CVec rader_form(const ComplexOps& ops, const Rule& rule, const CVec& x, Dir dir)
 {
     const int p = rule.n;
-    const CVec y = [&] {
-        const ScopedValue<Orientation> oriented(ops.graph().orientation,
-                                                as_stage ? rule.as_stage : rule.as_kernel);
-        return forward_rader(ops, rule, x);
-    }();
+    const CVec y = forward_rader(ops, rule, x);
     if (dir == Dir::Forward) return y;
     CVec out(p);
     for (int k = 0; k < p; ++k) out[k] = y[(p - k) % p];

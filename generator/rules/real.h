@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "core/complex.h"
+#include "rules/orientation.h"
 
 namespace zptg::gen {
 
@@ -46,15 +47,9 @@ struct RealRule {
     int root = 0;
     const RealRule* first = nullptr;
     const RealRule* second = nullptr;
-    // Rader: which of its differences the form takes the other way round,
-    // as the complex Rader rules name theirs (core/graph.h): the start
-    // t0 = x0 - U[0]/L, the difference of each spectrum rotation, and, in
-    // the forward form, the outputs of its two inverse halves. Values and
-    // counts stay as they are; only the split of the later sums into
-    // additions and subtractions follows.
-    bool reversed_start = false;
-    bool reversed_rotations = false;
-    bool reversed_halves = false;
+    // Which of its differences the form takes the other way round
+    // (rules/orientation.h).
+    Orientation orientation{};
 };
 
 // The rule of the real kernels of length n, forward and inverse.
@@ -73,7 +68,7 @@ HalfSpectrum real_forward_halves(Graph& g, const RealRule& rule, const RVec& plu
                                  const RVec& minus, int power = 1);
 
 // The forms, as real_forward and real_inverse call them.
-HalfSpectrum real_direct_forward(Graph& g, const RVec& x, int power);
+HalfSpectrum real_direct_forward(Graph& g, const RealRule& rule, const RVec& x, int power);
 RVec real_direct_inverse(Graph& g, int n, const HalfSpectrum& X, int power);
 HalfSpectrum real_good_thomas_forward(Graph& g, const RealRule& rule, const RVec& x, int power);
 RVec real_good_thomas_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, int power);
@@ -102,7 +97,8 @@ Cplx spectrum_at(const HalfSpectrum& X, int n, int k);
 // k <= n/2, as the conjugate at n - k above.
 void store_spectrum(HalfSpectrum* X, int n, int k, Cplx value);
 // The complex transform of a row inside a real rule, at power r:
-// Y[k] = sum over j of y[j] W^(r j k) in direction dir.
+// Y[k] = sum over j of y[j] W^(r j k) in direction dir, by the complex
+// table's row of that length as a stage.
 CVec complex_row(const ComplexOps& ops, const CVec& y, Dir dir, int power);
 // The same for a row whose input comes as the sums and differences of its
 // halves (lengths 2 and 4).

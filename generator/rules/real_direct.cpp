@@ -21,7 +21,7 @@
 
 namespace zptg::gen {
 
-HalfSpectrum real_direct_forward(Graph& g, const RVec& x, int power)
+HalfSpectrum real_direct_forward(Graph& g, const RealRule& rule, const RVec& x, int power)
 {
     const int p = int(x.size());
     if (p == 2) return {{g.add(x[0], x[1]), Real{}}, {g.sub(x[0], x[1]), Real{}}};
@@ -30,7 +30,7 @@ HalfSpectrum real_direct_forward(Graph& g, const RVec& x, int power)
     RVec s(h), d(h);
     for (int j = 1; j <= h; ++j) s[j - 1] = g.add(x[j], x[p - j]);
     for (int j = 1; j <= h; ++j) d[j - 1] = g.sub(x[j], x[p - j]);
-    const Orientation& o = g.orientation;
+    const Orientation& o = rule.orientation;
     for (Real& v : d) v = g.oriented(v, o.pair_differences);
     PairSums<Real> sums = pair_sums(RealOps(g), p, power, x[0], s, d);
     for (Real& v : sums.m) v = g.oriented(v, o.cosine_sums);

@@ -26,6 +26,7 @@ struct Split {
     const RealRule* a_rule;
     const RealRule* b_rule;
     int power_a, power_b;
+    Orientation orientation;
 
     int in(int n1, int n2) const { return (b * n1 + a * n2) % n; }
     int out(int k1, int k2) const { return (b * k1 + a * k2) % n; }
@@ -34,7 +35,7 @@ struct Split {
 
 Split split_of(const RealRule& rule, int power, bool inverse)
 {
-    Split s{rule.n, rule.a, rule.b, rule.a_rule, rule.b_rule, 0, 0};
+    Split s{rule.n, rule.a, rule.b, rule.a_rule, rule.b_rule, 0, 0, rule.orientation};
     auto table = inverse ? real_inverse_rule : real_forward_rule;
     if (!s.a_rule) s.a_rule = &table(s.a);
     if (!s.b_rule) s.b_rule = &table(s.b);
@@ -60,8 +61,8 @@ HalfSpectrum forward_rows(Graph& g, const Split& s, const std::vector<HalfSpectr
             for (int n2 = 0; n2 < s.b; ++n2) z[n2] = y[n2][k1];
             row = complex_row(ops, z, Dir::Forward, s.power_b);
         }
-        const bool flip = s.real_row(k1) ? g.orientation.forward_real_rows
-                                         : g.orientation.forward_complex_rows;
+        const bool flip = s.real_row(k1) ? s.orientation.forward_real_rows
+                                         : s.orientation.forward_complex_rows;
         for (Cplx& v : row) v = ops.oriented(v, flip);
         for (int k2 = 0; k2 < s.b; ++k2) store_spectrum(&X, s.n, s.out(k1, k2), row[k2]);
     }
@@ -153,13 +154,13 @@ RVec real_good_thomas_inverse(Graph& g, const RealRule& rule, const HalfSpectrum
             HalfSpectrum Z(s.b / 2 + 1);
             for (int k2 = 0; 2 * k2 <= s.b; ++k2) Z[k2] = spectrum_at(X, s.n, s.out(k1, k2));
             const RVec z = real_inverse(g, *s.b_rule, Z, s.power_b);
-            const bool flip = g.orientation.inverse_real_rows;
+            const bool flip = s.orientation.inverse_real_rows;
             for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = {g.oriented(z[n2], flip), Real{}};
         } else {
             CVec Z(s.b);
             for (int k2 = 0; k2 < s.b; ++k2) Z[k2] = spectrum_at(X, s.n, s.out(k1, k2));
             const CVec z = complex_row(ops, Z, Dir::Inverse, s.power_b);
-            const bool flip = g.orientation.inverse_complex_rows;
+            const bool flip = s.orientation.inverse_complex_rows;
             for (int n2 = 0; n2 < s.b; ++n2) y[n2][k1] = ops.oriented(z[n2], flip);
         }
     }

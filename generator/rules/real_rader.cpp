@@ -23,19 +23,23 @@
 //   for all m < L.
 #include <stdexcept>
 
+#include "rules/oriented_rows.h"
 #include "rules/rader_spectrum.h"
 #include "rules/real.h"
 
 namespace zptg::gen {
 namespace {
 
+// The halves' rules, with the stage fields of the row's orientation.
 const RealRule& first_rule(const RealRule& rule)
 {
-    return rule.first ? *rule.first : real_forward_rule(rule.n - 1);
+    return oriented_rows(rule.first ? *rule.first : real_forward_rule(rule.n - 1), false,
+                         rule.orientation);
 }
 const RealRule& second_rule(const RealRule& rule)
 {
-    return rule.second ? *rule.second : real_inverse_rule(rule.n - 1);
+    return oriented_rows(rule.second ? *rule.second : real_inverse_rule(rule.n - 1), true,
+                         rule.orientation);
 }
 
 // The spectrum product: V[0] = t0, V[j] = U[j] 2 C[j], V[L/2] = U[L/2] C[L/2].
@@ -48,7 +52,9 @@ HalfSpectrum spectrum_product(Graph& g, const RealRule& rule, const CVec& u, Rea
     for (int j = 1; j <= l / 2; ++j) {
         const auto c = rader_spectrum(p, rule.root, j, dir, 1);
         const long double k = j < l / 2 ? 2 : 1;
-        v[j] = ops.oriented(ops.rotate(u[j], k * c.real(), k * c.imag()), rule.reversed_rotations);
+        const Cplx r = ops.rotate(u[j], k * c.real(), k * c.imag());
+        v[j] = {g.oriented(r.re, rule.orientation.rotation_differences),
+                g.oriented(r.im, rule.orientation.rotation_sums)};
     }
     return v;
 }
@@ -69,7 +75,7 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
     const HalfSpectrum U = real_forward(g, first_rule(rule), u, 1);
     HalfSpectrum X(h + 1);
     X[0] = {g.add(x[0], U[0].re), Real{}};
-    const Real t0 = g.oriented(g.sub(x[0], g.mul(1.0L / l, U[0].re)), rule.reversed_start);
+    const Real t0 = g.oriented(g.sub(x[0], g.mul(1.0L / l, U[0].re)), rule.orientation.start);
     const HalfSpectrum V = spectrum_product(g, rule, CVec(U.begin(), U.end()), t0, Dir::Forward);
     HalfSpectrum even(l / 2 + 1), odd(l / 2 + 1);
     for (int j = 0; j <= l / 2; ++j) {
@@ -80,8 +86,8 @@ HalfSpectrum real_rader_forward(Graph& g, const RealRule& rule, const RVec& x, i
     }
     RVec re = real_inverse(g, second_rule(rule), even, 1);
     RVec im = real_inverse(g, second_rule(rule), odd, 1);
-    for (Real& v : re) v = g.oriented(v, rule.reversed_halves);
-    for (Real& v : im) v = g.oriented(v, rule.reversed_halves);
+    for (Real& v : re) v = g.oriented(v, rule.orientation.half_outputs);
+    for (Real& v : im) v = g.oriented(v, rule.orientation.half_outputs);
     // X[g^-(m + L/2)] = conj X[g^-m]: of each pair of outputs the one the
     // inverse makes as it is.
     const RealRule& inverse = second_rule(rule);
@@ -112,7 +118,7 @@ RVec real_rader_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, i
     for (int j = 0; j <= l / 2; ++j) U[j] = j % 2 == 0 ? R[j] : ComplexOps::times_i(R[j], 1);
     RVec x(p);
     x[0] = g.add(X[0].re, U[0].re);
-    const Real t0 = g.oriented(g.sub(X[0].re, g.mul(1.0L / l, U[0].re)), rule.reversed_start);
+    const Real t0 = g.oriented(g.sub(X[0].re, g.mul(1.0L / l, U[0].re)), rule.orientation.start);
     const HalfSpectrum V = spectrum_product(g, rule, U, t0, Dir::Inverse);
     const RVec v = real_inverse(g, second_rule(rule), V, 1);
     const int g_inv = power_mod(rule.root, l - 1, p);

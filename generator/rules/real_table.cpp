@@ -27,16 +27,13 @@ constexpr RealRule gt(int n, int a, int b, const RealRule* a_rule = nullptr,
 }
 constexpr RealRule ct(int n, int a, int b) { return RealRule{n, RealForm::CooleyTukey, a, b}; }
 constexpr RealRule rader(int p, int g, const RealRule* first, const RealRule* second,
-                         bool reversed_start = false, bool reversed_rotations = false,
-                         bool reversed_halves = false)
+                         Orientation o = {})
 {
     RealRule r{p, RealForm::Rader};
     r.root = g;
     r.first = first;
     r.second = second;
-    r.reversed_start = reversed_start;
-    r.reversed_rotations = reversed_rotations;
-    r.reversed_halves = reversed_halves;
+    r.orientation = o;
     return r;
 }
 
@@ -50,20 +47,15 @@ constexpr RealRule kInv12Rows = gt(12, 3, 4);
 constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 
 // The Rader entries, forward and inverse (roots as in the complex table).
-// 23, whose real forms run only inside the halves of 47, takes its start and
-// its rotations the other way round, and forward the outputs of its halves
-// too: with the orientation of 47 (rules/table.cpp) that is the split of 47.
-// 29, whose real forms run only inside 59, takes its start the other way
-// round, and forward its rotations too: with the orientation of 59 that
-// brings 59 (which makes fewer sums than its table row) under its row in
-// additions and in subtractions.
+// (The forms of 23 and 29 inside the complex 47 and 59 are rows of the
+// complex table, in another orientation.)
 constexpr RealRule kForward13 = rader(13, 2, &kChain12, nullptr);
-constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr, true, true, true);
-constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr, true, true);
+constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr);
+constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr);
 constexpr RealRule kInverse11 = rader(11, 2, nullptr, nullptr);
 constexpr RealRule kInverse13 = rader(13, 2, &kChain12, nullptr);
-constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct, true, true);
-constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr, true);
+constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct);
+constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr);
 
 struct Entry {
     int n;

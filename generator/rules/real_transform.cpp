@@ -22,7 +22,7 @@ HalfSpectrum real_forward(Graph& g, const RealRule& rule, const RVec& x, int pow
     if (int(x.size()) != rule.n) throw std::logic_error("real rule applied to another length");
     power = reduced(power, rule.n);
     switch (rule.form) {
-    case RealForm::Direct: return real_direct_forward(g, x, power);
+    case RealForm::Direct: return real_direct_forward(g, rule, x, power);
     case RealForm::GoodThomas: return real_good_thomas_forward(g, rule, x, power);
     case RealForm::CooleyTukey: return real_cooley_tukey_forward(g, rule, x, power);
     case RealForm::Rader: return real_rader_forward(g, rule, x, power);
@@ -119,7 +119,7 @@ void store_spectrum(HalfSpectrum* X, int n, int k, Cplx value)
 
 CVec complex_row(const ComplexOps& ops, const CVec& y, Dir dir, int power)
 {
-    return transform(ops, y, dir, power);
+    return transform(ops, complex_stage_rule(int(y.size())), y, dir, power);
 }
 
 CVec complex_row_halves(const ComplexOps& ops, const CVec& plus, const CVec& minus, Dir dir,
