@@ -26,6 +26,8 @@ constexpr RealRule gt(int n, int a, int b, const RealRule* a_rule = nullptr,
     return RealRule{n, RealForm::GoodThomas, a, b, a_rule, b_rule};
 }
 constexpr RealRule ct(int n, int a, int b) { return RealRule{n, RealForm::CooleyTukey, a, b}; }
+// A Rader length whose rule is not in the table yet (checked() refuses it).
+constexpr RealRule rader_not_yet(int p) { return RealRule{p, RealForm::Rader}; }
 constexpr RealRule rader(int p, int g, const RealRule* first, const RealRule* second,
                          Orientation o = {})
 {
@@ -57,73 +59,143 @@ constexpr RealRule kInverse13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct);
 constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr);
 
-struct Entry {
-    int n;
-    char form;  // 'd' direct, 'g' Good-Thomas, 'c' Cooley-Tukey, 'r' Rader
-    int a, b;
-};
-
-// Parts of the tables that are plain data: form and a x b of every length.
-constexpr Entry kForward[] = {
-    {2, 'd', 0, 0},  {3, 'd', 0, 0},  {4, 'c', 2, 2},   {5, 'd', 0, 0},   {6, 'g', 3, 2},
-    {7, 'd', 0, 0},  {8, 'c', 2, 4},  {9, 'c', 3, 3},   {10, 'g', 5, 2},  {11, 'd', 0, 0},
-    {12, 'g', 4, 3}, {13, 'r', 0, 0}, {14, 'g', 2, 7},  {15, 'g', 3, 5},  {16, 'c', 4, 4},
-    {17, 'r', 0, 0}, {18, 'g', 2, 9}, {19, 'r', 0, 0},  {20, 'g', 5, 4},  {21, 'g', 7, 3},
-    {22, 'g', 2, 11}, {23, 'r', 0, 0}, {24, 'g', 3, 8}, {25, 'c', 5, 5},  {26, 'g', 13, 2},
-    {27, 'c', 9, 3}, {28, 'g', 4, 7}, {29, 'r', 0, 0},  {30, 'g', 5, 6},  {31, 'r', 0, 0},
-    {32, 'c', 8, 4}, {33, 'g', 11, 3}, {34, 'g', 2, 17}, {35, 'g', 7, 5}, {36, 'g', 9, 4},
-    {37, 'r', 0, 0}, {38, 'g', 19, 2}, {39, 'g', 13, 3}, {40, 'g', 8, 5}, {41, 'r', 0, 0},
-    {42, 'g', 7, 6}, {43, 'r', 0, 0}, {44, 'g', 11, 4}, {45, 'g', 5, 9}, {46, 'g', 2, 23},
-    {47, 'r', 0, 0}, {48, 'g', 16, 3}, {49, 'c', 7, 7}, {50, 'g', 25, 2}, {51, 'g', 17, 3},
-    {52, 'g', 13, 4}, {53, 'r', 0, 0}, {54, 'g', 2, 27}, {55, 'g', 11, 5}, {56, 'g', 7, 8},
-    {57, 'g', 19, 3}, {58, 'g', 2, 29}, {59, 'r', 0, 0}, {60, 'g', 3, 20}, {61, 'r', 0, 0},
-    {62, 'g', 31, 2}, {63, 'g', 7, 9}, {64, 'c', 16, 4},
-};
-constexpr Entry kInverse[] = {
-    {2, 'd', 0, 0},  {3, 'd', 0, 0},  {4, 'c', 2, 2},   {5, 'd', 0, 0},   {6, 'g', 3, 2},
-    {7, 'd', 0, 0},  {8, 'c', 2, 4},  {9, 'c', 3, 3},   {10, 'g', 5, 2},  {11, 'r', 0, 0},
-    {12, 'g', 4, 3}, {13, 'r', 0, 0}, {14, 'g', 7, 2},  {15, 'g', 5, 3},  {16, 'c', 4, 4},
-    {17, 'r', 0, 0}, {18, 'g', 9, 2}, {19, 'r', 0, 0},  {20, 'g', 4, 5},  {21, 'g', 7, 3},
-    {22, 'g', 2, 11}, {23, 'r', 0, 0}, {24, 'g', 3, 8}, {25, 'c', 5, 5},  {26, 'g', 13, 2},
-    {27, 'c', 9, 3}, {28, 'g', 7, 4}, {29, 'r', 0, 0},  {30, 'g', 2, 15}, {31, 'r', 0, 0},
-    {32, 'c', 4, 8}, {33, 'g', 11, 3}, {34, 'g', 2, 17}, {35, 'g', 7, 5}, {36, 'g', 9, 4},
-    {37, 'r', 0, 0}, {38, 'g', 19, 2}, {39, 'g', 3, 13}, {40, 'g', 8, 5}, {41, 'r', 0, 0},
-    {42, 'g', 7, 6}, {43, 'r', 0, 0}, {44, 'g', 11, 4}, {45, 'g', 9, 5}, {46, 'g', 2, 23},
-    {47, 'r', 0, 0}, {48, 'g', 3, 16}, {49, 'c', 7, 7}, {50, 'g', 2, 25}, {51, 'g', 17, 3},
-    {52, 'g', 4, 13}, {53, 'r', 0, 0}, {54, 'g', 2, 27}, {55, 'g', 11, 5}, {56, 'g', 7, 8},
-    {57, 'g', 19, 3}, {58, 'g', 2, 29}, {59, 'r', 0, 0}, {60, 'g', 5, 12}, {61, 'r', 0, 0},
-    {62, 'g', 2, 31}, {63, 'g', 7, 9}, {64, 'c', 4, 16},
-};
-
 using Table = std::array<RealRule, 65>;
 
-constexpr Table build(const Entry (&entries)[63], bool inverse)
-{
+constexpr Table kForwardRules = [] {
     Table t{};
-    for (const Entry& e : entries) {
-        switch (e.form) {
-        case 'd': t[e.n] = direct(e.n); break;
-        case 'g': t[e.n] = gt(e.n, e.a, e.b); break;
-        case 'c': t[e.n] = ct(e.n, e.a, e.b); break;
-        default: t[e.n] = RealRule{e.n, RealForm::Rader}; break;
-        }
-    }
-    if (inverse) {
-        t[60] = kInv60;
-        t[11] = kInverse11;
-        t[13] = kInverse13;
-        t[23] = kInverse23;
-        t[29] = kInverse29;
-    } else {
-        t[13] = kForward13;
-        t[23] = kForward23;
-        t[29] = kForward29;
-    }
+    t[2] = direct(2);
+    t[3] = direct(3);
+    t[4] = ct(4, 2, 2);
+    t[5] = direct(5);
+    t[6] = gt(6, 3, 2);
+    t[7] = direct(7);
+    t[8] = ct(8, 2, 4);
+    t[9] = ct(9, 3, 3);
+    t[10] = gt(10, 5, 2);
+    t[11] = direct(11);
+    t[12] = gt(12, 4, 3);
+    t[13] = kForward13;
+    t[14] = gt(14, 2, 7);
+    t[15] = gt(15, 3, 5);
+    t[16] = ct(16, 4, 4);
+    t[17] = rader_not_yet(17);
+    t[18] = gt(18, 2, 9);
+    t[19] = rader_not_yet(19);
+    t[20] = gt(20, 5, 4);
+    t[21] = gt(21, 7, 3);
+    t[22] = gt(22, 2, 11);
+    t[23] = kForward23;
+    t[24] = gt(24, 3, 8);
+    t[25] = ct(25, 5, 5);
+    t[26] = gt(26, 13, 2);
+    t[27] = ct(27, 9, 3);
+    t[28] = gt(28, 4, 7);
+    t[29] = kForward29;
+    t[30] = gt(30, 5, 6);
+    t[31] = rader_not_yet(31);
+    t[32] = ct(32, 8, 4);
+    t[33] = gt(33, 11, 3);
+    t[34] = gt(34, 2, 17);
+    t[35] = gt(35, 7, 5);
+    t[36] = gt(36, 9, 4);
+    t[37] = rader_not_yet(37);
+    t[38] = gt(38, 19, 2);
+    t[39] = gt(39, 13, 3);
+    t[40] = gt(40, 8, 5);
+    t[41] = rader_not_yet(41);
+    t[42] = gt(42, 7, 6);
+    t[43] = rader_not_yet(43);
+    t[44] = gt(44, 11, 4);
+    t[45] = gt(45, 5, 9);
+    t[46] = gt(46, 2, 23);
+    t[47] = rader_not_yet(47);
+    t[48] = gt(48, 16, 3);
+    t[49] = ct(49, 7, 7);
+    t[50] = gt(50, 25, 2);
+    t[51] = gt(51, 17, 3);
+    t[52] = gt(52, 13, 4);
+    t[53] = rader_not_yet(53);
+    t[54] = gt(54, 2, 27);
+    t[55] = gt(55, 11, 5);
+    t[56] = gt(56, 7, 8);
+    t[57] = gt(57, 19, 3);
+    t[58] = gt(58, 2, 29);
+    t[59] = rader_not_yet(59);
+    t[60] = gt(60, 3, 20);
+    t[61] = rader_not_yet(61);
+    t[62] = gt(62, 31, 2);
+    t[63] = gt(63, 7, 9);
+    t[64] = ct(64, 16, 4);
     return t;
-}
+}();
 
-constexpr Table kForwardRules = build(kForward, false);
-constexpr Table kInverseRules = build(kInverse, true);
+constexpr Table kInverseRules = [] {
+    Table t{};
+    t[2] = direct(2);
+    t[3] = direct(3);
+    t[4] = ct(4, 2, 2);
+    t[5] = direct(5);
+    t[6] = gt(6, 3, 2);
+    t[7] = direct(7);
+    t[8] = ct(8, 2, 4);
+    t[9] = ct(9, 3, 3);
+    t[10] = gt(10, 5, 2);
+    t[11] = kInverse11;
+    t[12] = gt(12, 4, 3);
+    t[13] = kInverse13;
+    t[14] = gt(14, 7, 2);
+    t[15] = gt(15, 5, 3);
+    t[16] = ct(16, 4, 4);
+    t[17] = rader_not_yet(17);
+    t[18] = gt(18, 9, 2);
+    t[19] = rader_not_yet(19);
+    t[20] = gt(20, 4, 5);
+    t[21] = gt(21, 7, 3);
+    t[22] = gt(22, 2, 11);
+    t[23] = kInverse23;
+    t[24] = gt(24, 3, 8);
+    t[25] = ct(25, 5, 5);
+    t[26] = gt(26, 13, 2);
+    t[27] = ct(27, 9, 3);
+    t[28] = gt(28, 7, 4);
+    t[29] = kInverse29;
+    t[30] = gt(30, 2, 15);
+    t[31] = rader_not_yet(31);
+    t[32] = ct(32, 4, 8);
+    t[33] = gt(33, 11, 3);
+    t[34] = gt(34, 2, 17);
+    t[35] = gt(35, 7, 5);
+    t[36] = gt(36, 9, 4);
+    t[37] = rader_not_yet(37);
+    t[38] = gt(38, 19, 2);
+    t[39] = gt(39, 3, 13);
+    t[40] = gt(40, 8, 5);
+    t[41] = rader_not_yet(41);
+    t[42] = gt(42, 7, 6);
+    t[43] = rader_not_yet(43);
+    t[44] = gt(44, 11, 4);
+    t[45] = gt(45, 9, 5);
+    t[46] = gt(46, 2, 23);
+    t[47] = rader_not_yet(47);
+    t[48] = gt(48, 3, 16);
+    t[49] = ct(49, 7, 7);
+    t[50] = gt(50, 2, 25);
+    t[51] = gt(51, 17, 3);
+    t[52] = gt(52, 4, 13);
+    t[53] = rader_not_yet(53);
+    t[54] = gt(54, 2, 27);
+    t[55] = gt(55, 11, 5);
+    t[56] = gt(56, 7, 8);
+    t[57] = gt(57, 19, 3);
+    t[58] = gt(58, 2, 29);
+    t[59] = rader_not_yet(59);
+    t[60] = kInv60;
+    t[61] = rader_not_yet(61);
+    t[62] = gt(62, 2, 31);
+    t[63] = gt(63, 7, 9);
+    t[64] = ct(64, 4, 16);
+    return t;
+}();
 
 const RealRule& checked(const Table& t, int n)
 {
