@@ -1,4 +1,5 @@
-// The rules of the real transforms, as data. Forward a x b: the size-a
+// The rules of the real transforms, as data: per length the forward rule and
+// the inverse one (both() where they are the same). Forward a x b: the size-a
 // transforms run first, on the input cosets; inverse a x b: the rows of size
 // b run first and the size-a transforms last, on the output cosets. A stage
 // takes the table rule of its own length unless the entry names another.
@@ -59,148 +60,85 @@ constexpr RealRule kInverse13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kInverse23 = rader(23, 5, nullptr, &kInv22Direct);
 constexpr RealRule kInverse29 = rader(29, 2, &kChain28, nullptr);
 
-using Table = std::array<RealRule, 65>;
+// A length's forward and inverse rule.
+struct Row {
+    RealRule forward;
+    RealRule inverse;
+};
+constexpr Row both(const RealRule& r) { return {r, r}; }
 
-constexpr Table kForwardRules = [] {
-    Table t{};
-    t[2] = direct(2);
-    t[3] = direct(3);
-    t[4] = ct(4, 2, 2);
-    t[5] = direct(5);
-    t[6] = gt(6, 3, 2);
-    t[7] = direct(7);
-    t[8] = ct(8, 2, 4);
-    t[9] = ct(9, 3, 3);
-    t[10] = gt(10, 5, 2);
-    t[11] = direct(11);
-    t[12] = gt(12, 4, 3);
-    t[13] = kForward13;
-    t[14] = gt(14, 2, 7);
-    t[15] = gt(15, 3, 5);
-    t[16] = ct(16, 4, 4);
-    t[17] = rader_not_yet(17);
-    t[18] = gt(18, 2, 9);
-    t[19] = rader_not_yet(19);
-    t[20] = gt(20, 5, 4);
-    t[21] = gt(21, 7, 3);
-    t[22] = gt(22, 2, 11);
-    t[23] = kForward23;
-    t[24] = gt(24, 3, 8);
-    t[25] = ct(25, 5, 5);
-    t[26] = gt(26, 13, 2);
-    t[27] = ct(27, 9, 3);
-    t[28] = gt(28, 4, 7);
-    t[29] = kForward29;
-    t[30] = gt(30, 5, 6);
-    t[31] = rader_not_yet(31);
-    t[32] = ct(32, 8, 4);
-    t[33] = gt(33, 11, 3);
-    t[34] = gt(34, 2, 17);
-    t[35] = gt(35, 7, 5);
-    t[36] = gt(36, 9, 4);
-    t[37] = rader_not_yet(37);
-    t[38] = gt(38, 19, 2);
-    t[39] = gt(39, 13, 3);
-    t[40] = gt(40, 8, 5);
-    t[41] = rader_not_yet(41);
-    t[42] = gt(42, 7, 6);
-    t[43] = rader_not_yet(43);
-    t[44] = gt(44, 11, 4);
-    t[45] = gt(45, 5, 9);
-    t[46] = gt(46, 2, 23);
-    t[47] = rader_not_yet(47);
-    t[48] = gt(48, 16, 3);
-    t[49] = ct(49, 7, 7);
-    t[50] = gt(50, 25, 2);
-    t[51] = gt(51, 17, 3);
-    t[52] = gt(52, 13, 4);
-    t[53] = rader_not_yet(53);
-    t[54] = gt(54, 2, 27);
-    t[55] = gt(55, 11, 5);
-    t[56] = gt(56, 7, 8);
-    t[57] = gt(57, 19, 3);
-    t[58] = gt(58, 2, 29);
-    t[59] = rader_not_yet(59);
-    t[60] = gt(60, 3, 20);
-    t[61] = rader_not_yet(61);
-    t[62] = gt(62, 31, 2);
-    t[63] = gt(63, 7, 9);
-    t[64] = ct(64, 16, 4);
+constexpr std::array<Row, 65> kRules = [] {
+    std::array<Row, 65> t{};
+    t[2] = both(direct(2));
+    t[3] = both(direct(3));
+    t[4] = both(ct(4, 2, 2));
+    t[5] = both(direct(5));
+    t[6] = both(gt(6, 3, 2));
+    t[7] = both(direct(7));
+    t[8] = both(ct(8, 2, 4));
+    t[9] = both(ct(9, 3, 3));
+    t[10] = both(gt(10, 5, 2));
+    t[11] = {direct(11), kInverse11};
+    t[12] = both(gt(12, 4, 3));
+    t[13] = {kForward13, kInverse13};
+    t[14] = {gt(14, 2, 7), gt(14, 7, 2)};
+    t[15] = {gt(15, 3, 5), gt(15, 5, 3)};
+    t[16] = both(ct(16, 4, 4));
+    t[17] = both(rader_not_yet(17));
+    t[18] = {gt(18, 2, 9), gt(18, 9, 2)};
+    t[19] = both(rader_not_yet(19));
+    t[20] = {gt(20, 5, 4), gt(20, 4, 5)};
+    t[21] = both(gt(21, 7, 3));
+    t[22] = both(gt(22, 2, 11));
+    t[23] = {kForward23, kInverse23};
+    t[24] = both(gt(24, 3, 8));
+    t[25] = both(ct(25, 5, 5));
+    t[26] = both(gt(26, 13, 2));
+    t[27] = both(ct(27, 9, 3));
+    t[28] = {gt(28, 4, 7), gt(28, 7, 4)};
+    t[29] = {kForward29, kInverse29};
+    t[30] = {gt(30, 5, 6), gt(30, 2, 15)};
+    t[31] = both(rader_not_yet(31));
+    t[32] = {ct(32, 8, 4), ct(32, 4, 8)};
+    t[33] = both(gt(33, 11, 3));
+    t[34] = both(gt(34, 2, 17));
+    t[35] = both(gt(35, 7, 5));
+    t[36] = both(gt(36, 9, 4));
+    t[37] = both(rader_not_yet(37));
+    t[38] = both(gt(38, 19, 2));
+    t[39] = {gt(39, 13, 3), gt(39, 3, 13)};
+    t[40] = both(gt(40, 8, 5));
+    t[41] = both(rader_not_yet(41));
+    t[42] = both(gt(42, 7, 6));
+    t[43] = both(rader_not_yet(43));
+    t[44] = both(gt(44, 11, 4));
+    t[45] = {gt(45, 5, 9), gt(45, 9, 5)};
+    t[46] = both(gt(46, 2, 23));
+    t[47] = both(rader_not_yet(47));
+    t[48] = {gt(48, 16, 3), gt(48, 3, 16)};
+    t[49] = both(ct(49, 7, 7));
+    t[50] = {gt(50, 25, 2), gt(50, 2, 25)};
+    t[51] = both(gt(51, 17, 3));
+    t[52] = {gt(52, 13, 4), gt(52, 4, 13)};
+    t[53] = both(rader_not_yet(53));
+    t[54] = both(gt(54, 2, 27));
+    t[55] = both(gt(55, 11, 5));
+    t[56] = both(gt(56, 7, 8));
+    t[57] = both(gt(57, 19, 3));
+    t[58] = both(gt(58, 2, 29));
+    t[59] = both(rader_not_yet(59));
+    t[60] = {gt(60, 3, 20), kInv60};
+    t[61] = both(rader_not_yet(61));
+    t[62] = {gt(62, 31, 2), gt(62, 2, 31)};
+    t[63] = both(gt(63, 7, 9));
+    t[64] = {ct(64, 16, 4), ct(64, 4, 16)};
     return t;
 }();
 
-constexpr Table kInverseRules = [] {
-    Table t{};
-    t[2] = direct(2);
-    t[3] = direct(3);
-    t[4] = ct(4, 2, 2);
-    t[5] = direct(5);
-    t[6] = gt(6, 3, 2);
-    t[7] = direct(7);
-    t[8] = ct(8, 2, 4);
-    t[9] = ct(9, 3, 3);
-    t[10] = gt(10, 5, 2);
-    t[11] = kInverse11;
-    t[12] = gt(12, 4, 3);
-    t[13] = kInverse13;
-    t[14] = gt(14, 7, 2);
-    t[15] = gt(15, 5, 3);
-    t[16] = ct(16, 4, 4);
-    t[17] = rader_not_yet(17);
-    t[18] = gt(18, 9, 2);
-    t[19] = rader_not_yet(19);
-    t[20] = gt(20, 4, 5);
-    t[21] = gt(21, 7, 3);
-    t[22] = gt(22, 2, 11);
-    t[23] = kInverse23;
-    t[24] = gt(24, 3, 8);
-    t[25] = ct(25, 5, 5);
-    t[26] = gt(26, 13, 2);
-    t[27] = ct(27, 9, 3);
-    t[28] = gt(28, 7, 4);
-    t[29] = kInverse29;
-    t[30] = gt(30, 2, 15);
-    t[31] = rader_not_yet(31);
-    t[32] = ct(32, 4, 8);
-    t[33] = gt(33, 11, 3);
-    t[34] = gt(34, 2, 17);
-    t[35] = gt(35, 7, 5);
-    t[36] = gt(36, 9, 4);
-    t[37] = rader_not_yet(37);
-    t[38] = gt(38, 19, 2);
-    t[39] = gt(39, 3, 13);
-    t[40] = gt(40, 8, 5);
-    t[41] = rader_not_yet(41);
-    t[42] = gt(42, 7, 6);
-    t[43] = rader_not_yet(43);
-    t[44] = gt(44, 11, 4);
-    t[45] = gt(45, 9, 5);
-    t[46] = gt(46, 2, 23);
-    t[47] = rader_not_yet(47);
-    t[48] = gt(48, 3, 16);
-    t[49] = ct(49, 7, 7);
-    t[50] = gt(50, 2, 25);
-    t[51] = gt(51, 17, 3);
-    t[52] = gt(52, 4, 13);
-    t[53] = rader_not_yet(53);
-    t[54] = gt(54, 2, 27);
-    t[55] = gt(55, 11, 5);
-    t[56] = gt(56, 7, 8);
-    t[57] = gt(57, 19, 3);
-    t[58] = gt(58, 2, 29);
-    t[59] = rader_not_yet(59);
-    t[60] = kInv60;
-    t[61] = rader_not_yet(61);
-    t[62] = gt(62, 2, 31);
-    t[63] = gt(63, 7, 9);
-    t[64] = ct(64, 4, 16);
-    return t;
-}();
-
-const RealRule& checked(const Table& t, int n)
+const RealRule& checked(int n, bool inverse)
 {
     if (n < 2 || n > 64) throw std::out_of_range("no real rule for this length");
-    const RealRule& r = t[n];
+    const RealRule& r = inverse ? kRules[n].inverse : kRules[n].forward;
     if (r.form == RealForm::Rader && r.root == 0)
         throw std::logic_error("the real Rader rule of length " + std::to_string(n) +
                                " is not in the table yet");
@@ -209,7 +147,7 @@ const RealRule& checked(const Table& t, int n)
 
 }  // namespace
 
-const RealRule& real_forward_rule(int n) { return checked(kForwardRules, n); }
-const RealRule& real_inverse_rule(int n) { return checked(kInverseRules, n); }
+const RealRule& real_forward_rule(int n) { return checked(n, false); }
+const RealRule& real_inverse_rule(int n) { return checked(n, true); }
 
 }  // namespace zptg::gen

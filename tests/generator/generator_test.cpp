@@ -1,20 +1,23 @@
 // The generator's own checks, before any kernel is compiled: every graph it
 // builds is the DFT (evaluated in long double), its literals read back as
-// the same values, its output is a function of the graph alone, and the
-// transposition it offers turns a forward DFT into an inverse one. The
+// the same values, its output is a function of the graph alone, and a
+// family described as data is emitted by its layout. The
 // algebra of the graph (signs, shared nodes, counts) is held to the rule
 // table by the tests of the shipped bodies, which count their operations.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/analysis.h"
 #include "core/emit.h"
 #include "core/number.h"
-#include "core/transpose.h"
+#include "core/family.h"
 #include "families/complex_family.h"
+#include "rules/real.h"
 
 namespace zptg::gen {
 namespace {
@@ -55,21 +58,66 @@ TEST(Emission, TextDependsOnTheGraphAlone)
     EXPECT_EQ(emit_body(a.graph, a.outputs, "forward_12"), emit_body(b.graph, b.outputs, "forward_12"));
 }
 
-// As a real matrix on interleaved parts, the transpose of the forward DFT
-// is the inverse DFT: running a forward graph backwards gives an inverse,
-// with the same products.
-TEST(Transpose, TheForwardDftRunBackwardsIsTheInverseDft)
+// A doubling that a graph asks for stays a product by 2, also where a later
+// constant would otherwise take in the products of a sum.
+TEST(Graph, DoublingsAreNeverFolded)
 {
-    for (int n : {2, 3, 5, 8, 12, 16, 25, 30}) {
-        const ComplexKernel fwd = build_complex_kernel(n, Dir::Forward);
-        ComplexKernel back;
-        back.n = n;
-        back.dir = Dir::Inverse;
-        Transposed t = transpose(fwd.graph, fwd.outputs);
-        back.graph = std::move(t.graph);
-        back.outputs = std::move(t.outputs);
-        EXPECT_LT(double(complex_kernel_error(back)), kGraphError) << "length " << n;
-        EXPECT_EQ(count(back.graph, back.outputs).products, count(fwd.graph, fwd.outputs).products);
+    Graph g;
+    const Real sum = g.add(g.doubled(g.input(0)), g.doubled(g.input(1)));
+    EXPECT_EQ(count(g, {g.mul_distributed(0.5L, sum)}).products, 3);
+}
+
+// A family that the library does not ship, described as data only: the
+// forward real transform of lengths 4 and 5 stored as CCS. What the family
+// writer emits for it shows the layer at work without a line of its own:
+// every input read once and before any store, every position of the layout
+// written once, the imaginary parts (which the graphs make negated) stored
+// as sign flips of the scaled value, and the literal zeros last.
+TEST(Families, ARealLayoutNeedsOnlyItsDescription)
+{
+    Family f;
+    f.dir = "dft_real_sketch";
+    f.title = "real DFT sketch";
+    f.prefix = "sketch_";
+    f.slots = "CCS.";
+    f.bodies = [](int n) {
+        Body b{"forward", "table rule", Graph{}, {}, packed_store_layout(Packing::CCS, n)};
+        RVec x(n);
+        for (int k = 0; k < n; ++k) x[k] = b.graph.input(k);
+        for (const Cplx& v : real_forward(b.graph, real_forward_rule(n), x)) {
+            b.outputs.push_back(v.re);
+            b.outputs.push_back(v.im);
+        }
+        return std::vector<Body>{b};
+    };
+    for (int n : {4, 5}) {
+        SCOPED_TRACE("length " + std::to_string(n));
+        const std::string text = body_header(f, n, f.bodies(n), "test");
+        const int positions = n % 2 == 0 ? n + 2 : n + 1;
+        std::vector<int> reads(n), writes(positions);
+        int line = 0, last_read = -1, first_store = -1, first_zero = -1;
+        std::smatch m;
+        std::istringstream lines(text);
+        for (std::string l; std::getline(lines, l); ++line) {
+            if (std::regex_search(l, m, std::regex(R"(= in\((\d+)\);)"))) {
+                ++reads.at(std::stoul(m[1]));
+                last_read = line;
+            } else if (std::regex_search(l, m, std::regex(R"(out\((\d+), (-\()?s \* )"))) {
+                const int p = std::stoi(m[1]);
+                ++writes.at(p);
+                if (first_store < 0) first_store = line;
+                // Im X[k] stands at 2k + 1 for 0 < k < n/2.
+                EXPECT_EQ(m[2].matched, p % 2 == 1 && p > 1 && p < n + (n % 2)) << l;
+            } else if (std::regex_search(l, m, std::regex(R"(out\.zero\((\d+)\);)"))) {
+                ++writes.at(std::stoul(m[1]));
+                if (first_zero < 0) first_zero = line;
+                EXPECT_TRUE(m[1] == "1" || std::stoi(m[1]) == n + 1) << l;
+            }
+        }
+        EXPECT_EQ(reads, std::vector<int>(n, 1));
+        EXPECT_EQ(writes, std::vector<int>(positions, 1));
+        EXPECT_LT(last_read, first_store);
+        EXPECT_LT(last_read, first_zero);
     }
 }
 
