@@ -90,34 +90,28 @@ TEST(Families, ARealLayoutNeedsOnlyItsDescription)
         }
         return std::vector<Body>{b};
     };
+    const std::regex access(R"((in|out|out\.zero)\((\d+)(, -)?)");
     for (int n : {4, 5}) {
         SCOPED_TRACE("length " + std::to_string(n));
-        const std::string text = body_header(f, n, f.bodies(n), "test");
-        const int positions = n % 2 == 0 ? n + 2 : n + 1;
-        std::vector<int> reads(n), writes(positions);
-        int line = 0, last_read = -1, first_store = -1, first_zero = -1;
+        std::istringstream text(body_header(f, n, f.bodies(n), "test"));
+        std::vector<int> reads(n), writes(n % 2 == 0 ? n + 2 : n + 1);
+        std::string order;  // r: read, s: store, z: literal zero, in the order of the text
         std::smatch m;
-        std::istringstream lines(text);
-        for (std::string l; std::getline(lines, l); ++line) {
-            if (std::regex_search(l, m, std::regex(R"(= in\((\d+)\);)"))) {
-                ++reads.at(std::stoul(m[1]));
-                last_read = line;
-            } else if (std::regex_search(l, m, std::regex(R"(out\((\d+), (-\()?s \* )"))) {
-                const int p = std::stoi(m[1]);
-                ++writes.at(p);
-                if (first_store < 0) first_store = line;
-                // Im X[k] stands at 2k + 1 for 0 < k < n/2.
-                EXPECT_EQ(m[2].matched, p % 2 == 1 && p > 1 && p < n + (n % 2)) << l;
-            } else if (std::regex_search(l, m, std::regex(R"(out\.zero\((\d+)\);)"))) {
-                ++writes.at(std::stoul(m[1]));
-                if (first_zero < 0) first_zero = line;
-                EXPECT_TRUE(m[1] == "1" || std::stoi(m[1]) == n + 1) << l;
+        for (std::string l; std::getline(text, l);) {
+            if (!std::regex_search(l, m, access)) continue;
+            const int p = std::stoi(m[2]);
+            order += m[1] == "in" ? 'r' : m[1] == "out" ? 's' : 'z';
+            ++(m[1] == "in" ? reads : writes).at(p);
+            // Im X[k], negated, stands at 2k + 1 for 0 < k < n/2; the zeros at 1 and n + 1.
+            if (m[1] == "out") {
+                EXPECT_EQ(m[3].matched, p % 2 == 1 && p < n + n % 2) << l;
+            } else if (m[1] == "out.zero") {
+                EXPECT_TRUE(p == 1 || p == n + 1) << l;
             }
         }
         EXPECT_EQ(reads, std::vector<int>(n, 1));
-        EXPECT_EQ(writes, std::vector<int>(positions, 1));
-        EXPECT_LT(last_read, first_store);
-        EXPECT_LT(last_read, first_zero);
+        EXPECT_EQ(writes, std::vector<int>(writes.size(), 1));
+        EXPECT_TRUE(std::regex_match(order, std::regex("r+s+z+"))) << order;
     }
 }
 
