@@ -57,6 +57,18 @@ constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 // round, and forward its rotations too: with the orientation of 59 that
 // brings 59 (which makes fewer sums than its table row) under its row in
 // additions and in subtractions.
+constexpr RealRule kChain18 = gt(18, 9, 2);    // 19: 3, 9, 18
+constexpr RealRule kChain30 = gt(30, 6, 5);    // 31: 3, 6, 30
+constexpr RealRule kChain40 = gt(40, 5, 8);    // 41: 5, 10, 20, 40
+constexpr RealRule kChain42 = gt(42, 2, 21);   // 43: 2, 14, 42 (and its second half)
+constexpr RealRule kChain46 = gt(46, 23, 2);   // 47: 23, 46
+constexpr RealRule kChain58 = gt(58, 29, 2);   // 59: 29, 58
+constexpr RealRule kChain15 = gt(15, 3, 5);
+constexpr RealRule kChain60 = gt(60, 15, 4, &kChain15);  // 61: 3, 15, 30, 60
+constexpr RealRule kChain36 = gt(36, 4, 9);
+constexpr RealRule kTable40 = gt(40, 8, 5);
+constexpr RealRule kChain52 = gt(52, 4, 13);
+
 constexpr RealRule kForward13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr, true, true, true);
 constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr, true, true);
@@ -122,8 +134,28 @@ constexpr Table build(const Entry (&entries)[63], bool inverse)
         t[13] = kInverse13;
         t[23] = kInverse23;
         t[29] = kInverse29;
+        t[17] = rader(17, 3, nullptr, nullptr);
+        t[19] = rader(19, 2, &kChain18, nullptr);
+        t[31] = rader(31, 3, &kChain30, nullptr);
+        t[37] = rader(37, 2, &kChain36, nullptr);
+        t[41] = rader(41, 6, &kTable40, nullptr);
+        t[43] = rader(43, 3, &kChain42, &kChain42);
+        t[47] = rader(47, 5, &kChain46, nullptr);
+        t[53] = rader(53, 2, &kChain52, nullptr);
+        t[59] = rader(59, 2, &kChain58, nullptr);
+        t[61] = rader(61, 2, &kChain60, nullptr);
     } else {
         t[13] = kForward13;
+        t[17] = rader(17, 3, nullptr, nullptr);
+        t[19] = rader(19, 2, &kChain18, nullptr);
+        t[31] = rader(31, 3, &kChain30, nullptr);
+        t[37] = rader(37, 2, &kChain36, nullptr);
+        t[41] = rader(41, 6, &kChain40, nullptr);
+        t[43] = rader(43, 3, &kChain42, &kChain42);
+        t[47] = rader(47, 5, &kChain46, nullptr);
+        t[53] = rader(53, 2, &kChain52, nullptr);
+        t[59] = rader(59, 2, &kChain58, nullptr);
+        t[61] = rader(61, 2, &kChain60, nullptr);
         t[23] = kForward23;
         t[29] = kForward29;
     }
