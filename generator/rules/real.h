@@ -60,6 +60,9 @@ struct RealRule {
 // The rule of the real kernels of length n, forward and inverse.
 const RealRule& real_forward_rule(int n);
 const RealRule& real_inverse_rule(int n);
+// The rule of the forward kernel of length n: the table's, but for the few
+// lengths whose table rule is oriented for its use inside a complex kernel.
+const RealRule& real_forward_kernel_rule(int n);
 
 // The transforms by a rule, at the power r of the root.
 HalfSpectrum real_forward(Graph& g, const RealRule& rule, const RVec& x, int power = 1);

@@ -75,7 +75,7 @@ RealKernelGraph build_real_forward_graph(int n)
     Graph& g = k.graph;
     RVec x(n);
     for (int i = 0; i < n; ++i) x[i] = g.input(i);
-    const HalfSpectrum X = real_forward(g, real_forward_rule(n), x);
+    const HalfSpectrum X = real_forward(g, real_forward_kernel_rule(n), x);
     k.outputs.push_back(X[0].re);
     for (int j = 1; 2 * j < n; ++j) {
         k.outputs.push_back(X[j].re);

@@ -178,6 +178,27 @@ const RealRule& checked(const Table& t, int n)
 }  // namespace
 
 const RealRule& real_forward_rule(int n) { return checked(kForwardRules, n); }
+
+// The forward kernels of 23 and 29 take every difference as written, and
+// so do the kernels of 46 and 58 in their rows of 23 and 29: the rows of
+// the table are oriented for the split of the complex 47 and 59, inside
+// which they run, and as kernels of their own they would end in negated
+// real parts.
+constexpr RealRule kKernel23 = rader(23, 5, nullptr, nullptr);
+constexpr RealRule kKernel29 = rader(29, 2, &kChain28, nullptr);
+constexpr RealRule kKernel46 = gt(46, 2, 23, nullptr, &kKernel23);
+constexpr RealRule kKernel58 = gt(58, 2, 29, nullptr, &kKernel29);
+
+const RealRule& real_forward_kernel_rule(int n)
+{
+    switch (n) {
+    case 23: return kKernel23;
+    case 29: return kKernel29;
+    case 46: return kKernel46;
+    case 58: return kKernel58;
+    }
+    return real_forward_rule(n);
+}
 const RealRule& real_inverse_rule(int n) { return checked(kInverseRules, n); }
 
 }  // namespace zptg::gen
