@@ -50,8 +50,8 @@ constexpr Row kTable[] = {
 // The lengths whose graphs come in below the table (fewer additions or
 // products), forward and inverse: a change to either list is a change of
 // rule to look at.
-const std::set<int> kForwardBelow = {};
-const std::set<int> kInverseBelow = {};
+const std::set<int> kForwardBelow = {13, 26, 29, 37, 39, 41, 52, 53, 58, 59, 61};
+const std::set<int> kInverseBelow = {13, 26, 29, 31, 37, 39, 41, 52, 53, 58, 59, 61, 62};
 
 constexpr double kGraphError = 1e-17;
 
