@@ -7,9 +7,10 @@
 // order of the subgroup chain of p (its first transforms run on the cosets
 // of the smallest subgroup of the multiplicative group modulo p, which then
 // merge into the cosets of the larger ones), the second half the inverse
-// transform of length p - 1. Only the inverse of 23 differs in its stages
-// from the kernels of its lengths: both of its halves take 11 in the direct
-// form.
+// transform of length p - 1 (the kernel rule of that length unless the
+// entry names another). Besides the chains, only the inverse of 23 differs
+// in its stages from the kernels of its lengths: both of its halves take 11
+// in the direct form.
 #include <array>
 #include <stdexcept>
 #include <string>
@@ -49,26 +50,43 @@ constexpr RealRule kInv22Direct = gt(22, 2, 11, nullptr, &kDirect11);
 constexpr RealRule kInv12Rows = gt(12, 3, 4);
 constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 
+// The first halves of the other primes, by their chains: 17 takes the rule
+// of 16 (4 x 4 with 4 = 2 x 2: 2, 4, 8, 16), 23 that of 22 (2, 22). The
+// chains of 37 and 53 do not nest; theirs start from x[n] +- x[p - n] and
+// its pairs: 2, 4, then 3 x 3 (37) or 13 by Rader (53), as their counts
+// bind. 43 runs its second half in the mirrored order of its first. The
+// inverse of 41 starts its first half with the 8, whose first butterflies
+// are the pairs q, q + L/2 that the inverse's input comes as.
+constexpr RealRule kChain18 = gt(18, 9, 2);              // 19: 3, 9, 18
+constexpr RealRule kChain30 = gt(30, 6, 5);              // 31: 3, 6, 30
+constexpr RealRule kChain36 = gt(36, 4, 9);              // 37: 2, 4, 36
+constexpr RealRule kChain40 = gt(40, 5, 8);              // 41: 5, 10, 20, 40
+constexpr RealRule kHalves40 = gt(40, 8, 5);             // 41, inverse: 2, 4, 8, 40
+constexpr RealRule kChain42 = gt(42, 2, 21);             // 43: 2, 14, 42
+constexpr RealRule kChain46 = gt(46, 23, 2);             // 47: 23, 46
+constexpr RealRule kChain52 = gt(52, 4, 13);             // 53: 2, 4, 52
+constexpr RealRule kChain58 = gt(58, 29, 2);             // 59: 29, 58
+constexpr RealRule kChain15 = gt(15, 3, 5);
+constexpr RealRule kChain60 = gt(60, 15, 4, &kChain15);  // 61: 3, 15, 30, 60
+
+// Rader rules that the two directions share.
+constexpr RealRule kRader[] = {
+    rader(17, 3, nullptr, nullptr),     rader(19, 2, &kChain18, nullptr),
+    rader(31, 3, &kChain30, nullptr),   rader(37, 2, &kChain36, nullptr),
+    rader(43, 3, &kChain42, &kChain42), rader(47, 5, &kChain46, nullptr),
+    rader(53, 2, &kChain52, nullptr),   rader(59, 2, &kChain58, nullptr),
+    rader(61, 2, &kChain60, nullptr),
+};
+
 // The Rader entries, forward and inverse (roots as in the complex table).
-// 23, whose real forms run only inside the halves of 47, takes its start and
+// 23, whose rows run inside the halves of 47 (its kernel and that of 46 take
+// rows of their own, see real_forward_kernel_rule), takes its start and
 // its rotations the other way round, and forward the outputs of its halves
 // too: with the orientation of 47 (rules/table.cpp) that is the split of 47.
-// 29, whose real forms run only inside 59, takes its start the other way
+// 29, whose rows run inside 59 (likewise), takes its start the other way
 // round, and forward its rotations too: with the orientation of 59 that
 // brings 59 (which makes fewer sums than its table row) under its row in
 // additions and in subtractions.
-constexpr RealRule kChain18 = gt(18, 9, 2);    // 19: 3, 9, 18
-constexpr RealRule kChain30 = gt(30, 6, 5);    // 31: 3, 6, 30
-constexpr RealRule kChain40 = gt(40, 5, 8);    // 41: 5, 10, 20, 40
-constexpr RealRule kChain42 = gt(42, 2, 21);   // 43: 2, 14, 42 (and its second half)
-constexpr RealRule kChain46 = gt(46, 23, 2);   // 47: 23, 46
-constexpr RealRule kChain58 = gt(58, 29, 2);   // 59: 29, 58
-constexpr RealRule kChain15 = gt(15, 3, 5);
-constexpr RealRule kChain60 = gt(60, 15, 4, &kChain15);  // 61: 3, 15, 30, 60
-constexpr RealRule kChain36 = gt(36, 4, 9);
-constexpr RealRule kTable40 = gt(40, 8, 5);
-constexpr RealRule kChain52 = gt(52, 4, 13);
-
 constexpr RealRule kForward13 = rader(13, 2, &kChain12, nullptr);
 constexpr RealRule kForward23 = rader(23, 5, nullptr, nullptr, true, true, true);
 constexpr RealRule kForward29 = rader(29, 2, &kChain28, nullptr, true, true);
@@ -120,12 +138,13 @@ using Table = std::array<RealRule, 65>;
 constexpr Table build(const Entry (&entries)[63], bool inverse)
 {
     Table t{};
+    for (const RealRule& r : kRader) t[r.n] = r;
     for (const Entry& e : entries) {
         switch (e.form) {
         case 'd': t[e.n] = direct(e.n); break;
         case 'g': t[e.n] = gt(e.n, e.a, e.b); break;
         case 'c': t[e.n] = ct(e.n, e.a, e.b); break;
-        default: t[e.n] = RealRule{e.n, RealForm::Rader}; break;
+        default: break;
         }
     }
     if (inverse) {
@@ -134,28 +153,10 @@ constexpr Table build(const Entry (&entries)[63], bool inverse)
         t[13] = kInverse13;
         t[23] = kInverse23;
         t[29] = kInverse29;
-        t[17] = rader(17, 3, nullptr, nullptr);
-        t[19] = rader(19, 2, &kChain18, nullptr);
-        t[31] = rader(31, 3, &kChain30, nullptr);
-        t[37] = rader(37, 2, &kChain36, nullptr);
-        t[41] = rader(41, 6, &kTable40, nullptr);
-        t[43] = rader(43, 3, &kChain42, &kChain42);
-        t[47] = rader(47, 5, &kChain46, nullptr);
-        t[53] = rader(53, 2, &kChain52, nullptr);
-        t[59] = rader(59, 2, &kChain58, nullptr);
-        t[61] = rader(61, 2, &kChain60, nullptr);
+        t[41] = rader(41, 6, &kHalves40, nullptr);
     } else {
         t[13] = kForward13;
-        t[17] = rader(17, 3, nullptr, nullptr);
-        t[19] = rader(19, 2, &kChain18, nullptr);
-        t[31] = rader(31, 3, &kChain30, nullptr);
-        t[37] = rader(37, 2, &kChain36, nullptr);
         t[41] = rader(41, 6, &kChain40, nullptr);
-        t[43] = rader(43, 3, &kChain42, &kChain42);
-        t[47] = rader(47, 5, &kChain46, nullptr);
-        t[53] = rader(53, 2, &kChain52, nullptr);
-        t[59] = rader(59, 2, &kChain58, nullptr);
-        t[61] = rader(61, 2, &kChain60, nullptr);
         t[23] = kForward23;
         t[29] = kForward29;
     }
@@ -171,7 +172,7 @@ const RealRule& checked(const Table& t, int n)
     const RealRule& r = t[n];
     if (r.form == RealForm::Rader && r.root == 0)
         throw std::logic_error("the real Rader rule of length " + std::to_string(n) +
-                               " is not in the table yet");
+                               " is not in the table");
     return r;
 }
 
