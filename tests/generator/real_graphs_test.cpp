@@ -62,6 +62,13 @@ int doublings(const RealKernelGraph& k)
     return d;
 }
 
+int inputs_read(const RealKernelGraph& k)
+{
+    int r = 0;
+    for (int i : live_nodes(k.graph, k.outputs)) r += k.graph.node(i).op == Op::Input;
+    return r;
+}
+
 TEST(RealGraphs, EveryLengthIsItsTransformWithinTheTable)
 {
     std::set<int> forward_below, inverse_below;
@@ -79,7 +86,7 @@ TEST(RealGraphs, EveryLengthIsItsTransformWithinTheTable)
             }
             ASSERT_EQ(int(k.outputs.size()), n);
             EXPECT_LT(double(real_graph_error(k)), kGraphError);
-            EXPECT_EQ(k.graph.input_count(), n);
+            EXPECT_EQ(inputs_read(k), n);
             // Pack order: the imaginary parts sit at the even slots 2 .. 2P.
             for (int f = 0; f < n; ++f) {
                 const bool imaginary = !inverse && f > 0 && f % 2 == 0 && f < n - 1 + n % 2;
