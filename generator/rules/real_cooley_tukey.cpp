@@ -21,6 +21,8 @@
 //   K writes x[s + b n1]. The inverse of Q(4), on doubled terms:
 //       e = Re Z0 - Re Z1, f = Im Z0 + Im Z1,
 //       y0 = Re Z0 + Re Z1, y2 = Im Z1 - Im Z0, y1 = c (e - f), y3 = -c (e + f).
+//   Those of Q(8) and Q(16), the rows of the inverse 32 and 64, are below
+//   (half_step_inverse_long).
 // A twiddle costs as in the complex Cooley-Tukey form.
 #include <stdexcept>
 
