@@ -60,12 +60,6 @@ RealKernelGraph fold_doublings(const RealKernelGraph& k)
     return out;
 }
 
-unsigned next(unsigned* seed)
-{
-    *seed = *seed * 1664525u + 1013904223u;
-    return *seed;
-}
-
 }  // namespace
 
 RealKernelGraph build_real_forward_graph(int n)
@@ -109,12 +103,7 @@ bool is_doubling(const Graph& g, int node)
 long double real_graph_error(const RealKernelGraph& k)
 {
     const int n = k.n;
-    long double worst = 0;
-    unsigned seed = 54321u + unsigned(n);
-    for (int trial = 0; trial < 3; ++trial) {
-        std::vector<long double> in(n);
-        for (auto& v : in) v = (long double)(next(&seed) >> 8) / (1u << 24) - 0.5L;
-        const std::vector<long double> out = evaluate(k.graph, k.outputs, in);
+    return relative_error(k.graph, k.outputs, n, [&](const std::vector<long double>& in) {
         std::vector<long double> want(n, 0.0L);
         for (int f = 0; f < n; ++f) {
             if (k.inverse) {
@@ -135,14 +124,8 @@ long double real_graph_error(const RealKernelGraph& k)
                 want[f] = sum;
             }
         }
-        long double scale = 0, err = 0;
-        for (int f = 0; f < n; ++f) {
-            scale = std::max(scale, std::fabs(want[f]));
-            err = std::max(err, std::fabs(want[f] - out[f]));
-        }
-        worst = std::max(worst, err / scale);
-    }
-    return worst;
+        return want;
+    });
 }
 
 }  // namespace zptg::gen
