@@ -28,6 +28,29 @@ std::vector<Real> from_spectrum(Graph& g, const RVec& x)
     return h;
 }
 
+// The inverse rules the pairs run through where they are not those of the
+// inverse kernels. 11 takes the direct form, which costs less on the pairs
+// than Rader's. A Rader form writes x[g^-m] from the last stage of its
+// second half, in the order of m, and m + (p-1)/2 stands for the mirror
+// output p - g^-m: a second half whose last stage is of 2 or 4 ends in the
+// butterflies of the mirror pairs, one whose last stage is odd in pairs of
+// that stage. 37 takes 4 x 9, to end in the mirror pairs; 31 and 43 take
+// 5 x 6 and 14 x 3, to end in the pairs of their last stages, of 3 and 7.
+constexpr RealRule kDirect11{11, RealForm::Direct};
+constexpr RealRule kSecond30{30, RealForm::GoodThomas, 5, 6};
+constexpr RealRule kSecond36{36, RealForm::GoodThomas, 4, 9};
+constexpr RealRule kSecond42{42, RealForm::GoodThomas, 14, 3};
+
+RealRule pairs_rule(int n)
+{
+    if (n == 11) return kDirect11;
+    RealRule rule = real_inverse_rule(n);
+    if (n == 31) rule.second = &kSecond30;
+    if (n == 37) rule.second = &kSecond36;
+    if (n == 43) rule.second = &kSecond42;
+    return rule;
+}
+
 std::vector<Real> from_pairs(Graph& g, const RVec& x)
 {
     const int n = int(x.size());
@@ -35,8 +58,7 @@ std::vector<Real> from_pairs(Graph& g, const RVec& x)
     X[0] = {x[0], Real{}};
     for (int k = 1; 2 * k < n; ++k) X[k] = {g.add(x[k], x[n - k]), g.sub(x[n - k], x[k])};
     if (n % 2 == 0) X[n / 2] = {x[n / 2], Real{}};
-    if (n == 11) return real_direct_inverse(g, n, X, 1);
-    return real_inverse(g, real_inverse_rule(n), X);
+    return real_inverse(g, pairs_rule(n), X);
 }
 
 }  // namespace

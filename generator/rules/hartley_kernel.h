@@ -19,8 +19,8 @@
 // R'[k] = s[k], I'[k] = -d[k], X[n/2] = x[n/2], taken as already doubled.
 // So the inverse graph runs on the pairs with no doubling at all, and the
 // minus sign of I' is the difference x[n-k] - x[k] made the other way
-// round: the graph negates nothing. The inverse rule of 11 is Rader's; here
-// 11 takes the direct form, which is cheaper on the pairs.
+// round: the graph negates nothing. A few lengths take an inverse rule of
+// their own here (hartley_kernel.cpp).
 #ifndef ZPTG_GEN_RULES_HARTLEY_KERNEL_H
 #define ZPTG_GEN_RULES_HARTLEY_KERNEL_H
 
