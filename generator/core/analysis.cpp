@@ -1,8 +1,19 @@
 #include "core/analysis.h"
 
+#include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace zptg::gen {
+namespace {
+
+unsigned next(unsigned* seed)
+{
+    *seed = *seed * 1664525u + 1013904223u;
+    return *seed;
+}
+
+}  // namespace
 
 std::vector<int> live_nodes(const Graph& g, const std::vector<Real>& outputs)
 {
@@ -64,6 +75,26 @@ std::vector<long double> evaluate(const Graph& g, const std::vector<Real>& outpu
         out.push_back(r.neg ? -v : v);
     }
     return out;
+}
+
+long double relative_error(const Graph& g, const std::vector<Real>& outputs, int n,
+                           const ExactTransform& exact)
+{
+    long double worst = 0;
+    unsigned seed = 54321u + unsigned(n);
+    for (int trial = 0; trial < 3; ++trial) {
+        std::vector<long double> in(n);
+        for (auto& v : in) v = (long double)(next(&seed) >> 8) / (1u << 24) - 0.5L;
+        const std::vector<long double> out = evaluate(g, outputs, in);
+        const std::vector<long double> want = exact(in);
+        long double scale = 0, err = 0;
+        for (int f = 0; f < n; ++f) {
+            scale = std::max(scale, std::fabs(want[f]));
+            err = std::max(err, std::fabs(want[f] - out[f]));
+        }
+        worst = std::max(worst, err / scale);
+    }
+    return worst;
 }
 
 }  // namespace zptg::gen

@@ -5,6 +5,7 @@
 #ifndef ZPTG_GEN_ANALYSIS_H
 #define ZPTG_GEN_ANALYSIS_H
 
+#include <functional>
 #include <vector>
 
 #include "core/graph.h"
@@ -28,6 +29,14 @@ Counts count(const Graph& g, const std::vector<Real>& outputs);
 // Values of the outputs for the given input values (indexed by input slot).
 std::vector<long double> evaluate(const Graph& g, const std::vector<Real>& outputs,
                                   const std::vector<long double>& inputs);
+
+// Largest error of the outputs of a graph of n inputs and n outputs against
+// `exact` (the values the outputs stand for, of the same inputs in long
+// double), over a few pseudo-random inputs, relative to the largest exact
+// value.
+using ExactTransform = std::function<std::vector<long double>(const std::vector<long double>&)>;
+long double relative_error(const Graph& g, const std::vector<Real>& outputs, int n,
+                           const ExactTransform& exact);
 
 }  // namespace zptg::gen
 

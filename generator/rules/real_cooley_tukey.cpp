@@ -21,6 +21,8 @@
 //   K writes x[s + b n1]. The inverse of Q(4), on doubled terms:
 //       e = Re Z0 - Re Z1, f = Im Z0 + Im Z1,
 //       y0 = Re Z0 + Re Z1, y2 = Im Z1 - Im Z0, y1 = c (e - f), y3 = -c (e + f).
+//   Those of Q(8) and Q(16), the rows of the inverse 32 and 64, are below
+//   (half_step_inverse_long).
 // A twiddle costs as in the complex Cooley-Tukey form.
 #include <stdexcept>
 
@@ -65,6 +67,44 @@ CVec half_step(Graph& g, const RVec& y, int power)
     return z;
 }
 
+// The inverse of Q(8) and Q(16) on the plain order, doubled terms.
+//   Q(8): with v[s0] = W_16^(-s0) D[s0], D the inverse complex transform of
+//         length 4 of (Z0, Z2, conj Z3, conj Z1), y[s0] = Re v[s0] and
+//         y[s0 + 4] = -Im v[s0], s0 < 4.
+//   Q(16): the even y are the inverse Q(8) of Z[m] + conj Z[7-m], the odd y
+//         that of W_32^(-(2m+1)) (Z[m] - conj Z[7-m]), m < 4.
+RVec half_step_inverse_long(Graph& g, const CVec& z)
+{
+    const int b = 2 * int(z.size());
+    ComplexOps ops(g);
+    auto conj = [](Cplx v) { return Cplx{v.re, -v.im}; };
+    if (b == 8) {
+        const CVec d = complex_row(ops, {z[0], z[2], conj(z[3]), conj(z[1])}, Dir::Inverse, 1);
+        RVec y(8);
+        for (int s0 = 0; s0 < 4; ++s0) {
+            const Cplx v = twiddle(ops, d[s0], s0, 16, Dir::Inverse);
+            y[s0] = v.re;
+            y[s0 + 4] = -v.im;
+        }
+        return y;
+    }
+    if (b == 16) {
+        CVec even(4), odd(4);
+        for (int m = 0; m < 4; ++m) {
+            even[m] = ops.add(z[m], conj(z[7 - m]));
+            odd[m] = twiddle(ops, ops.sub(z[m], conj(z[7 - m])), 2 * m + 1, 32, Dir::Inverse);
+        }
+        const RVec ye = half_step_inverse_long(g, even), yo = half_step_inverse_long(g, odd);
+        RVec y(16);
+        for (int t = 0; t < 8; ++t) {
+            y[2 * t] = ye[t];
+            y[2 * t + 1] = yo[t];
+        }
+        return y;
+    }
+    throw std::logic_error("no inverse half-step transform of this length");
+}
+
 // y[s] = sum over m < b/2 of Re(Z'[m] W_2b^(-r s (2m+1))), Z' doubled.
 RVec half_step_inverse(Graph& g, const CVec& z, int power)
 {
@@ -83,7 +123,7 @@ RVec half_step_inverse(Graph& g, const CVec& z, int power)
         const Real y2 = g.sub(plain[1].im, plain[0].im);
         return {y0, g.mul(c, g.sub(e, f)), y2, g.mul(-c, g.add(e, f))};
     }
-    throw std::logic_error("no inverse half-step transform of this length");
+    return half_step_inverse_long(g, plain);
 }
 
 struct Split {

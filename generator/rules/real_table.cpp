@@ -8,9 +8,10 @@
 // order of the subgroup chain of p (its first transforms run on the cosets
 // of the smallest subgroup of the multiplicative group modulo p, which then
 // merge into the cosets of the larger ones), the second half the inverse
-// transform of length p - 1. Only the inverse of 23 differs in its stages
-// from the kernels of its lengths: both of its halves take 11 in the direct
-// form.
+// transform of length p - 1 (the kernel rule of that length unless the
+// entry names another). Besides the chains, only the inverse of 23 differs
+// in its stages from the kernels of its lengths: both of its halves take 11
+// in the direct form.
 #include <array>
 #include <stdexcept>
 #include <string>
@@ -27,8 +28,6 @@ constexpr RealRule gt(int n, int a, int b, const RealRule* a_rule = nullptr,
     return RealRule{n, RealForm::GoodThomas, a, b, a_rule, b_rule};
 }
 constexpr RealRule ct(int n, int a, int b) { return RealRule{n, RealForm::CooleyTukey, a, b}; }
-// A Rader length whose rule is not in the table yet (checked() refuses it).
-constexpr RealRule rader_not_yet(int p) { return RealRule{p, RealForm::Rader}; }
 constexpr RealRule rader(int p, int g, const RealRule* first, const RealRule* second,
                          Orientation o = {})
 {
@@ -48,6 +47,36 @@ constexpr RealRule kDirect11 = direct(11);
 constexpr RealRule kInv22Direct = gt(22, 2, 11, nullptr, &kDirect11);
 constexpr RealRule kInv12Rows = gt(12, 3, 4);
 constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
+
+// The first halves of the other primes, by their chains: 17 takes the rule
+// of 16 (4 x 4 with 4 = 2 x 2: 2, 4, 8, 16), 23 that of 22 (2, 22). The
+// chains of 37 and 53 do not nest; theirs start from x[n] +- x[p - n] and
+// its pairs: 2, 4, then 3 x 3 (37) or 13 by Rader (53), as their counts
+// bind. 43 runs its second half in the mirrored order of its first. The
+// inverse of 41 starts its first half with the 8, whose first butterflies
+// are the pairs q, q + L/2 that the inverse's input comes as.
+constexpr RealRule kChain18 = gt(18, 9, 2);              // 19: 3, 9, 18
+constexpr RealRule kChain30 = gt(30, 6, 5);              // 31: 3, 6, 30
+constexpr RealRule kChain36 = gt(36, 4, 9);              // 37: 2, 4, 36
+constexpr RealRule kChain40 = gt(40, 5, 8);              // 41: 5, 10, 20, 40
+constexpr RealRule kHalves40 = gt(40, 8, 5);             // 41, inverse: 2, 4, 8, 40
+constexpr RealRule kChain42 = gt(42, 2, 21);             // 43: 2, 14, 42
+constexpr RealRule kChain46 = gt(46, 23, 2);             // 47: 23, 46
+constexpr RealRule kChain52 = gt(52, 4, 13);             // 53: 2, 4, 52
+constexpr RealRule kChain58 = gt(58, 29, 2);             // 59: 29, 58
+constexpr RealRule kChain15 = gt(15, 3, 5);
+constexpr RealRule kChain60 = gt(60, 15, 4, &kChain15);  // 61: 3, 15, 30, 60
+
+// Rader rules that the two directions share.
+constexpr RealRule kRader17 = rader(17, 3, nullptr, nullptr);
+constexpr RealRule kRader19 = rader(19, 2, &kChain18, nullptr);
+constexpr RealRule kRader31 = rader(31, 3, &kChain30, nullptr);
+constexpr RealRule kRader37 = rader(37, 2, &kChain36, nullptr);
+constexpr RealRule kRader43 = rader(43, 3, &kChain42, &kChain42);
+constexpr RealRule kRader47 = rader(47, 5, &kChain46, nullptr);
+constexpr RealRule kRader53 = rader(53, 2, &kChain52, nullptr);
+constexpr RealRule kRader59 = rader(59, 2, &kChain58, nullptr);
+constexpr RealRule kRader61 = rader(61, 2, &kChain60, nullptr);
 
 // The Rader entries, forward and inverse (roots as in the complex table).
 // (The forms of 23 and 29 inside the complex 47 and 59 are rows of the
@@ -84,9 +113,9 @@ constexpr std::array<Row, 65> kRules = [] {
     t[14] = {gt(14, 2, 7), gt(14, 7, 2)};
     t[15] = {gt(15, 3, 5), gt(15, 5, 3)};
     t[16] = both(ct(16, 4, 4));
-    t[17] = both(rader_not_yet(17));
+    t[17] = both(kRader17);
     t[18] = {gt(18, 2, 9), gt(18, 9, 2)};
-    t[19] = both(rader_not_yet(19));
+    t[19] = both(kRader19);
     t[20] = {gt(20, 5, 4), gt(20, 4, 5)};
     t[21] = both(gt(21, 7, 3));
     t[22] = both(gt(22, 2, 11));
@@ -94,41 +123,41 @@ constexpr std::array<Row, 65> kRules = [] {
     t[24] = both(gt(24, 3, 8));
     t[25] = both(ct(25, 5, 5));
     t[26] = both(gt(26, 13, 2));
-    t[27] = both(ct(27, 9, 3));
+    t[27] = {ct(27, 9, 3), ct(27, 3, 9)};
     t[28] = {gt(28, 4, 7), gt(28, 7, 4)};
     t[29] = {kForward29, kInverse29};
     t[30] = {gt(30, 5, 6), gt(30, 2, 15)};
-    t[31] = both(rader_not_yet(31));
+    t[31] = both(kRader31);
     t[32] = {ct(32, 8, 4), ct(32, 4, 8)};
     t[33] = both(gt(33, 11, 3));
     t[34] = both(gt(34, 2, 17));
     t[35] = both(gt(35, 7, 5));
     t[36] = both(gt(36, 9, 4));
-    t[37] = both(rader_not_yet(37));
+    t[37] = both(kRader37);
     t[38] = both(gt(38, 19, 2));
     t[39] = {gt(39, 13, 3), gt(39, 3, 13)};
     t[40] = both(gt(40, 8, 5));
-    t[41] = both(rader_not_yet(41));
+    t[41] = {rader(41, 6, &kChain40, nullptr), rader(41, 6, &kHalves40, nullptr)};
     t[42] = both(gt(42, 7, 6));
-    t[43] = both(rader_not_yet(43));
+    t[43] = both(kRader43);
     t[44] = both(gt(44, 11, 4));
     t[45] = {gt(45, 5, 9), gt(45, 9, 5)};
     t[46] = both(gt(46, 2, 23));
-    t[47] = both(rader_not_yet(47));
+    t[47] = both(kRader47);
     t[48] = {gt(48, 16, 3), gt(48, 3, 16)};
     t[49] = both(ct(49, 7, 7));
     t[50] = {gt(50, 25, 2), gt(50, 2, 25)};
     t[51] = both(gt(51, 17, 3));
     t[52] = {gt(52, 13, 4), gt(52, 4, 13)};
-    t[53] = both(rader_not_yet(53));
+    t[53] = both(kRader53);
     t[54] = both(gt(54, 2, 27));
     t[55] = both(gt(55, 11, 5));
     t[56] = both(gt(56, 7, 8));
     t[57] = both(gt(57, 19, 3));
     t[58] = both(gt(58, 2, 29));
-    t[59] = both(rader_not_yet(59));
+    t[59] = both(kRader59);
     t[60] = {gt(60, 3, 20), kInv60};
-    t[61] = both(rader_not_yet(61));
+    t[61] = both(kRader61);
     t[62] = {gt(62, 31, 2), gt(62, 2, 31)};
     t[63] = both(gt(63, 7, 9));
     t[64] = {ct(64, 16, 4), ct(64, 4, 16)};
@@ -141,7 +170,7 @@ const RealRule& checked(int n, bool inverse)
     const RealRule& r = inverse ? kRules[n].inverse : kRules[n].forward;
     if (r.form == RealForm::Rader && r.root == 0)
         throw std::logic_error("the real Rader rule of length " + std::to_string(n) +
-                               " is not in the table yet");
+                               " is not in the table");
     return r;
 }
 
