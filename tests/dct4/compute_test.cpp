@@ -1,0 +1,206 @@
+// What zptgDCT4_32f and zptgDCT4_64f compute, against long double
+// references: every output of every power of two up to 2^20, also in place
+// and repeated; the lengths 2^k + 1 against the formulas of their split; the
+// constants of the bodies; and the root's blocked row path.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+#include "dct4/api.h"
+#include "dct4/compute_constants.h"
+#include "dct4/env.h"
+#include "support/reference.h"
+
+namespace zptg::test {
+namespace {
+
+// Largest output error over the input's Euclidean norm: a few units of
+// rounding per level of the split, 2 log2 N + 4.
+template <class T>
+double allowed_error(int64_t n)
+{
+    return std::numeric_limits<T>::epsilon() / 2 * (2.0 * std::log2(double(n)) + 4.0);
+}
+
+double norm(const Reals& x)
+{
+    long double s = 0;
+    for (long double v : x) s += v * v;
+    return double(std::sqrt(s));
+}
+
+// The same context also runs x in place and, after another input, once
+// more: both give the bits of the first call. 2^15 brings the 32-column
+// inner rows, 2^16 the 64-point inner bodies, 2^17 a third level.
+template <class T>
+void check_power_of_two(const Reals& x, const Reals& want)
+{
+    const int n = int(x.size());
+    SCOPED_TRACE(testing::Message() << "N " << n << ", " << sizeof(T) << "-byte elements");
+    Dct4Plan<T> plan(n);
+    ASSERT_EQ(plan.status(), zptgStatusOk);
+    const Reals other = random_values(n, uint32_t(n) + 7);
+    std::vector<T> src(x.begin(), x.end()), dst(n), in_place(src), again(n), y(other.begin(), other.end());
+    EXPECT_EQ(plan.run(src.data(), dst.data()), zptgStatusOk);
+    EXPECT_EQ(plan.run(in_place.data(), in_place.data()), zptgStatusOk);
+    EXPECT_EQ(plan.run(y.data(), y.data()), zptgStatusOk);
+    EXPECT_EQ(plan.run(src.data(), again.data()), zptgStatusOk);
+    EXPECT_TRUE(same_bits(in_place, dst)) << "in place";
+    EXPECT_TRUE(same_bits(again, dst)) << "repeated";
+    double worst = 0;
+    for (int k = 0; k < n; ++k) worst = std::fmax(worst, double(std::fabs(dst[k] - want[k])));
+    EXPECT_LE(worst / norm(x), allowed_error<T>(n));
+}
+
+TEST(Dct4Compute, EveryOutputOfPowersOfTwo)
+{
+    for (int64_t n = 2; n <= (int64_t(1) << 20); n *= 2) {
+        const Reals x = random_values(n, uint32_t(n));
+        const Reals want = dct4_fast(x);
+        check_power_of_two<float>(x, want);
+        check_power_of_two<double>(x, want);
+    }
+}
+
+// A length N = K + 1 has the plan of K, while N itself enters the
+// reflection base 2N - 1 and the twiddle angles pi (2i+1)(2r+1) / 4N. The
+// transform computes what the split's formulas give with N and K taken
+// apart: classes reading x[i + 2d j] and x[2N - 1 - i - 2d j], rows storing
+// to r + m s and 2N - 1 - K - r - m s in ascending order (the later store
+// standing), and some outputs never stored, which keep what they held; in
+// place, those keep the input.
+template <class T>
+void check_odd_length(int64_t n)
+{
+    SCOPED_TRACE(testing::Message() << "N " << n << ", " << sizeof(T) << "-byte elements");
+    const int64_t k_len = n - 1, half = k_len / 2;
+    const int64_t d = half >= 512 ? 32 : half >= 128 ? 16 : half >= 32 ? 8 : half >= 16 ? 4 : 2, m = k_len / d;
+    const Reals x = random_values(n + 1, uint32_t(n));
+    std::vector<std::vector<cld>> f(d);
+    for (int64_t i = 0; i < d; ++i) {
+        Reals y(m);
+        for (int64_t j = 0; j < m; ++j) y[j] = j < m / 2 ? x[i + 2 * d * j] : -x[2 * n - 1 - i - 2 * d * j];
+        f[i] = oddfreq(y);
+    }
+    Reals want(n + 1, 0);
+    std::vector<bool> stored(n + 1, false);
+    for (int64_t r = 0; r < m / 2; ++r) {
+        std::vector<cld> w(d);
+        for (int64_t i = 0; i < d; ++i) w[i] = f[i][r] * exp_i_pi((2 * i + 1) * (2 * r + 1), 4 * n);
+        const Reals rs = network_sum(w);
+        for (int64_t s = 0; s < d; ++s) {
+            const int64_t fwd = r + m * s, rev = 2 * n - 1 - k_len - r - m * s;
+            want.at(fwd) = rs[d + s];
+            want.at(rev) = rs[s];
+            stored[fwd] = stored[rev] = true;
+        }
+    }
+    Dct4Plan<T> plan{int(n)};
+    ASSERT_EQ(plan.status(), zptgStatusOk);
+    const T sentinel = T(-1234.5);
+    std::vector<T> src(x.begin(), x.end()), dst(n + 1, sentinel), both(src);
+    ASSERT_EQ(plan.run(src.data(), dst.data()), zptgStatusOk);
+    ASSERT_EQ(plan.run(both.data(), both.data()), zptgStatusOk);
+    double worst = 0;
+    for (int64_t i = 0; i <= n; ++i) {
+        if (stored[i]) worst = std::fmax(worst, double(std::fabs(dst[i] - want[i])));
+        EXPECT_EQ(dst[i], stored[i] ? dst[i] : sentinel) << "element " << i << " was stored";
+        EXPECT_EQ(both[i], stored[i] ? dst[i] : src[i]) << "element " << i << " in place";
+    }
+    EXPECT_LE(worst / norm(x), allowed_error<T>(n));
+}
+
+TEST(Dct4Compute, LengthsNineTo16385ReproduceTheFormulas)
+{
+    for (int64_t k = 8; k <= 16384; k *= 2) {
+        check_odd_length<float>(k + 1);
+        check_odd_length<double>(k + 1);
+    }
+}
+
+// N = 9 never reads elements 2, 3, 6, 7 of the source: NaN there is harmless.
+TEST(Dct4Compute, NineLeavesTwoThreeSixSevenAlone)
+{
+    Dct4Plan<double> plan(9);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    std::vector<double> src = {1, 2, nan, nan, 5, 6, nan, nan, 9, 10}, dst(10, 77.0);
+    ASSERT_EQ(plan.run(src.data(), dst.data()), zptgStatusOk);
+    for (int i = 0; i < 10; ++i) EXPECT_TRUE(i % 4 >= 2 && i < 8 ? dst[i] == 77.0 : !std::isnan(dst[i])) << i;
+}
+
+// Each literal multiplier of the bodies is the value of its width nearest
+// to cos(pi a / 128), or to the lifting slopes tan(7 pi / 32), tan(5 pi / 32).
+template <class F>
+bool is_nearest(F v, long double exact)
+{
+    const long double ulp = std::fabs((long double)std::nextafter(v, F(2)) - v);
+    return std::fabs(v - exact) <= 0.5L * ulp * (1 + 1e-6L) || (exact == 0 && v == 0);
+}
+
+TEST(Dct4Compute, ConstantsAreTheNearestValuesOfTheirWidth)
+{
+    for (int a = 0; a <= 128; ++a) {
+        const long double exact = cos_pi(a, 128);
+        EXPECT_TRUE(is_nearest(dct4::kCos128_64f[a], exact)) << a;
+        EXPECT_TRUE(is_nearest(dct4::kCos128_32f[a], exact)) << a;
+    }
+    for (int i = 0; i < 2; ++i) {
+        const long double exact = std::tan((long double)(7 - 2 * i) * 3.14159265358979323846264338327950288L / 32);
+        EXPECT_TRUE(is_nearest(dct4::kLift4_64f[i], exact)) << i;
+        EXPECT_TRUE(is_nearest(dct4::kLift4_32f[i], exact)) << i;
+    }
+}
+
+// Where the root's row stage takes long columns in blocks of rows through a
+// buffer, each element gets the bits that the rows give one at a time in
+// ascending order (a one-row record never takes that path): for N = K, and
+// N = K + 1, whose rows overlap in a few elements.
+template <class T>
+void check_rows(int32_t m, int32_t extra)
+{
+    constexpr int32_t d = 32;
+    const int32_t rows = m / 2, n = d * m + extra;
+    std::mt19937 gen(uint32_t(m + extra));
+    std::uniform_real_distribution<double> u(-1.0, 1.0);
+    std::vector<T> in(size_t(rows) * 2 * d), table(in.size());
+    for (T& v : in) v = T(u(gen));
+    for (T& v : table) v = T(u(gen));
+    env2<T> e{};
+    e.rule = 6;
+    e.factor = d;
+    e.rowLength = 2 * d;
+    e.rows = rows;
+    e.inner = m;
+    e.reflectBase = 2 * n - 1;
+    e.table = table.data();
+    const auto compute = [](env2<T>* r, T* dst, const T* src) {
+        if constexpr (sizeof(T) == 4) return owngDCT4_32f_env2_compute(r, dst, src);
+        else return owngDCT4_64f_env2_compute(r, dst, src);
+    };
+    // Elements 0 .. N and one guard value on either side.
+    std::vector<T> whole(size_t(n) + 3, T(7)), by_row(whole);
+    ASSERT_EQ(compute(&e, whole.data() + 1, in.data()), zptgStatusOk);
+    for (int32_t k = 0; k < rows; ++k) {
+        env2<T> one = e;
+        one.rows = 1;
+        one.table = table.data() + 2 * d * k;
+        one.reflectBase = e.reflectBase - 2 * k;
+        ASSERT_EQ(compute(&one, by_row.data() + 1 + k, in.data() + 2 * d * k), zptgStatusOk);
+    }
+    EXPECT_TRUE(same_bits(whole, by_row)) << "m = " << m << ", N = " << n;
+}
+
+TEST(Dct4Compute, BlockedRowsGiveTheBitsOfRowsOneAtATime)
+{
+    for (int32_t m : {256, 512, 4096, 16384, 32768})
+        for (int32_t extra : {0, 1}) {
+            check_rows<float>(m, extra);
+            check_rows<double>(m, extra);
+        }
+}
+
+}  // namespace
+}  // namespace zptg::test

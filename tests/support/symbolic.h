@@ -1,0 +1,59 @@
+// A symbolic element type for the generated bodies: instantiated with it, a
+// body runs once and leaves a tape of everything it did, in order: every
+// read of an input slot, every constant it holds, every sum, difference and
+// product, and every store. The scale factor is a value of its own kind, so
+// that its products can be told apart from those of the transform.
+#ifndef ZPTG_TESTS_SUPPORT_SYMBOLIC_H
+#define ZPTG_TESTS_SUPPORT_SYMBOLIC_H
+
+#include <functional>
+#include <vector>
+
+namespace zptg::test {
+
+enum class Op { Input, Constant, Scale, Add, Sub, Mul, Store };
+
+// One step of the tape. a and b are the tape positions of the operands
+// (Add, Sub, Mul: a op b; Store: a is the value stored).
+struct Step {
+    Op op;
+    int a = -1;
+    int b = -1;
+    int slot = -1;     // Input, Store
+    double value = 0;  // Constant
+};
+
+using Tape = std::vector<Step>;
+
+class Symbol {
+public:
+    // A constant of the body: `const T k0(0.5)`.
+    explicit Symbol(double literal);
+    static Symbol scale();
+    int position() const { return position_; }
+
+private:
+    friend class SymbolAccess;
+    explicit Symbol(int position, int) : position_(position) {}
+    int position_;
+};
+
+Symbol operator+(Symbol a, Symbol b);
+Symbol operator-(Symbol a, Symbol b);
+Symbol operator*(Symbol a, Symbol b);
+
+// The body's view of the arrays: in(slot) reads, out(slot, value) stores.
+struct SymbolIn {
+    Symbol operator()(int slot) const;
+};
+struct SymbolOut {
+    void operator()(int slot, Symbol value) const;
+};
+
+// Runs body(scale) with a fresh scale symbol, the tape's first step, and
+// returns the tape.
+Tape record(const std::function<void(Symbol)>& body);
+
+}  // namespace zptg::test
+
+#endif
