@@ -6,8 +6,10 @@ records which tests fail on each: the test suite must fail on every one.
 
 The scratch tree is a copy of the sources (never the work tree itself: each
 fault is an edit of a source file, undone after its run). Each fault is one
-textual replacement; the build is rebuilt and the whole suite run with
-ctest. Prints one line per fault: its name, the file, and the failed tests.
+textual replacement; the build is rebuilt and the suite run with ctest, all
+of it for a fault in the DCT-IV; for any other, the DCT-IV's long accuracy
+tests (minutes under an emulator) are left out. Prints one line per fault:
+its name, the file, and the failed tests.
 """
 import os
 import re
@@ -19,7 +21,7 @@ FAULTS = [
     ("wrong constant: a twiddle of forward_16 one unit off", "generator/core/emit.cpp",
      '<< "(" << double_literal(double(g.constants()[n.constant]))',
      '<< "(" << double_literal(name == "forward_16" && constant_name.size() == 2 '
-     '? std::nextafter(double(g.constants()[n.constant]), 2.0) : double(g.constants()[n.constant]))', ""),
+     '? __builtin_nextafter(double(g.constants()[n.constant]), 2.0) : double(g.constants()[n.constant]))', ""),
     ("moved read: the last read of forward_30 after the first stores", "generator/core/emit.cpp",
      '        text_ << "    const T x" << input << " = in(" << input << ");\n        if (unread_ == 0) {',
      '        if (unread_ == 0 && moved_read) {\n            for (const auto& [k, value] : waiting_) write_store(k, value);\n'
@@ -53,6 +55,9 @@ FAULTS = [
     ("DCT-IV size-table entry off by one: the direct rule of 8 at 9", "src/dct4/plan_common.h",
      "    1, 0, 2, 0, 0, 0, 3, 0, 0, 0,", "    1, 0, 2, 0, 0, 0, 0, 3, 0, 0,", ""),
 ]
+
+# Minutes under an emulator, and blind to faults outside the DCT-IV.
+LONG_DCT4_TESTS = "EveryOutputOfPowersOfTwo|LengthsNineTo16385|BlockedRows|ReferencesAgree"
 
 # Helpers some faults need in the file they edit.
 PRELUDE = {
@@ -97,7 +102,8 @@ def main():
                 results.append((name, path, "BUILD FAILED"))
                 continue
             log = os.path.join(build, "fault_%s.test.log" % tag)
-            run(["ctest", "--test-dir", build, "-j2", "--timeout", "900"], log)
+            skip = [] if path.startswith("src/dct4") else ["-E", LONG_DCT4_TESTS]
+            run(["ctest", "--test-dir", build, "-j2", "--timeout", "900"] + skip, log)
             failed = re.findall(r"^\s*\d+ - (\S+) \(", open(log).read(), re.M)
             results.append((name, path, ", ".join(failed) if failed else "NOT CAUGHT"))
         finally:

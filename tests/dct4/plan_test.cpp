@@ -13,8 +13,6 @@
 namespace zptg::test {
 namespace {
 
-
-
 template <class T>
 int size_of(int n, zptgStatus* status)
 {
@@ -32,17 +30,15 @@ constexpr int kSizes[][3] = {
     {1024, 8864, 17056}, {2048, 17056, 33440}, {4096, 35072, 68800}, {8192, 68864, 136384},
     {65536, 541760, 1082176}, {1048576, 8656736, 17311456}};
 // Per kind: the largest k with 2^k + 1 truly sized, that size, and the two
-// lengths 2^k whose byte count wraps to a small positive size, with it.
-constexpr int kTop[2][5] = {{27, 1107840768, 30, 30, 272768160}, {26, 1107839136, 29, 30, 272768032}};
-constexpr int kTopSecond64f = 545532960;
+// lengths 2^k whose byte count wraps to a small positive size, with them.
+constexpr int kTop[2][6] = {{27, 1107840768, 30, 30, 272768160, 272768160}, {26, 1107839136, 29, 30, 272768032, 545532960}};
 #else
 constexpr int kSizes[][3] = {
     {2, 256, 256}, {32, 256, 256}, {9, 864, 928}, {17, 928, 1056}, {33, 1056, 1312}, {64, 1280, 1792},
     {65, 1312, 1824}, {128, 1792, 2816}, {129, 1824, 2848}, {256, 2816, 4864}, {512, 4864, 8960},
     {1024, 8960, 17152}, {2048, 17152, 33536}, {4096, 35264, 68992}, {8192, 69056, 136576},
     {65536, 541952, 1082368}, {1048576, 8657024, 17311744}};
-constexpr int kTop[2][5] = {{27, 1107841248, 30, 30, 272768640}, {26, 1107839520, 29, 30, 272768512}};
-constexpr int kTopSecond64f = 545533440;
+constexpr int kTop[2][6] = {{27, 1107841248, 30, 30, 272768640, 272768640}, {26, 1107839520, 29, 30, 272768512, 545533440}};
 #endif
 
 // Below 2^17 exactly the powers of two and the 2^k + 1 from 9 up pass, in
@@ -51,7 +47,7 @@ constexpr int kTopSecond64f = 545533440;
 // count first overflows to a negative value (rejected), then wraps to a
 // small positive one (accepted with that size).
 template <class T>
-void check_sizes(const int (&top)[5], int second_wrapped)
+void check_sizes(const int (&top)[6])
 {
     SCOPED_TRACE(sizeof(T));
     zptgStatus s, s1;
@@ -70,7 +66,7 @@ void check_sizes(const int (&top)[5], int second_wrapped)
     for (int k = top[0] + 1; k < top[2]; ++k)
         for (int n : {1 << k, (1 << k) + 1}) EXPECT_EQ(size_of<T>(n, &s), -12345) << n;
     for (int i = 0; i < 2; ++i) {
-        const int wrapped = i == 0 ? top[4] : second_wrapped, n = 1 << top[2 + i];
+        const int wrapped = top[4 + i], n = 1 << top[2 + i];
         EXPECT_EQ(size_of<T>(n, &s), wrapped) << n;
         EXPECT_EQ(size_of<T>(n + 1, &s), wrapped + 32) << n + 1;
     }
@@ -82,8 +78,8 @@ void check_sizes(const int (&top)[5], int second_wrapped)
 
 TEST(DCT4Plan, Sizes)
 {
-    check_sizes<float>(kTop[0], kTop[0][4]);
-    check_sizes<double>(kTop[1], kTopSecond64f);
+    check_sizes<float>(kTop[0]);
+    check_sizes<double>(kTop[1]);
 }
 
 template <class E>

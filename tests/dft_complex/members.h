@@ -48,8 +48,7 @@ const Member<E>& member(Direction d)
     return members[d == Direction::Inverse];
 }
 
-// Calls f(member) for 32fc forward and inverse, then 64fc.
-template <class F>
+template <class F>  // f(member) for 32fc forward and inverse, then 64fc
 void for_each_member(F&& f)
 {
     for (Direction d : {Direction::Forward, Direction::Inverse}) f(member<zptg32fc>(d));

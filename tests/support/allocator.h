@@ -1,7 +1,6 @@
-// The test program's own zptMalloc and zptFree. Defined in the executable,
-// they take the place of the core library's pair for every call the library
-// makes: each block is guarded (it ends against an inaccessible page), and
-// the log shows how often, how much and what was allocated and released.
+// zptMalloc and zptFree of a test program that links this: they take the
+// place of the core library's pair for every call the library makes. Each
+// block ends against an inaccessible page; the log tells what happened.
 #ifndef ZPTG_TESTS_SUPPORT_ALLOCATOR_H
 #define ZPTG_TESTS_SUPPORT_ALLOCATOR_H
 

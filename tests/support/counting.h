@@ -1,8 +1,6 @@
-// A scalar that counts its operations, for running the DCT-IV bodies
-// operation by operation: products, sums and differences, and negations,
-// each counted where it happens. Values are held as double so that the same
-// run also yields results to compare with a reference. Reader and Writer
-// log the order of the accesses of a body that takes its arrays by index.
+// A scalar that counts its products, sums (and differences) and negations,
+// holding its value as double so that the same run yields results, for the
+// DCT-IV bodies; Reader and Writer log the order of a body's accesses.
 #ifndef ZPTG_TESTS_SUPPORT_COUNTING_H
 #define ZPTG_TESTS_SUPPORT_COUNTING_H
 
@@ -31,15 +29,13 @@ inline Counted operator-(Counted a, Counted b) { return ++g_ops.sums, a.v - b.v;
 inline Counted operator*(Counted a, Counted b) { return ++g_ops.products, a.v * b.v; }
 inline Counted operator-(Counted a) { return ++g_ops.negations, -a.v; }
 
-// Counts of the operations run while the object lives.
-class CountScope {
+class CountScope {  // counts from here on
 public:
     CountScope() { g_ops = OpCounts{}; }
     const OpCounts& counts() const { return g_ops; }
 };
 
-// Every read and store by index, in order.
-struct AccessLog {
+struct AccessLog {  // every read and store by index, in order
     std::vector<int> reads, stores;
     int reads_before_first_store = -1;
 };

@@ -1,9 +1,7 @@
-// Memory against an inaccessible page: a block of exactly `bytes` placed so
-// that it ends where an inaccessible page begins (Guard::After) or begins
-// where one ends (Guard::Before), `gap` bytes away from it. With gap 0 a
-// single access past the end (or before the start) faults at once. The
-// mapping has an inaccessible page on both sides either way; zero bytes give
-// a pointer right at the guard.
+// A block of exactly `bytes` that ends `gap` bytes before an inaccessible
+// page (Guard::After) or begins `gap` bytes after one (Guard::Before), with
+// such a page on its other side too: with gap 0 a single access past the
+// end (or before the start) faults. Zero bytes give a pointer at the guard.
 #ifndef ZPTG_TESTS_SUPPORT_GUARDED_H
 #define ZPTG_TESTS_SUPPORT_GUARDED_H
 
@@ -19,7 +17,6 @@ public:
     ~GuardedBlock();
     GuardedBlock(const GuardedBlock&) = delete;
     GuardedBlock& operator=(const GuardedBlock&) = delete;
-
     unsigned char* data() const { return data_; }
     std::size_t bytes() const { return bytes_; }
 
@@ -36,7 +33,6 @@ class GuardedArray {
 public:
     explicit GuardedArray(std::size_t n, Guard side = Guard::After) : block_(n * sizeof(T), side), n_(n) {}
     T* data() const { return reinterpret_cast<T*>(block_.data()); }
-    std::size_t size() const { return n_; }
     T* begin() const { return data(); }
     T* end() const { return data() + n_; }
     T& operator[](std::size_t i) const { return data()[i]; }

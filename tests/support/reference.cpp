@@ -72,14 +72,6 @@ std::vector<cld> exact_dft(const std::vector<cld>& x, int sign)
     return out;
 }
 
-long double dct4_at(const Reals& x, int64_t k)
-{
-    const int64_t n = int64_t(x.size());
-    long double sum = 0;
-    for (int64_t j = 0; j < n; ++j) sum += x[j] * cos_pi((2 * j + 1) * (2 * k + 1), 4 * n);
-    return sum;
-}
-
 Reals dct4_fast(const Reals& x)
 {
     // Pairs x[2j] - i x[N-1-2j] turned by exp(i pi j / N), a DFT of N/2;

@@ -43,9 +43,8 @@ V wht_network(V x)
     return x;
 }
 
-// DCT-IV: X[k] = sum_j x[j] cos(pi (2j+1)(2k+1) / 4N); all outputs of a
-// power-of-two length through a complex FFT of N/2.
-long double dct4_at(const Reals& x, int64_t k);
+// DCT-IV: X[k] = sum_j x[j] cos(pi (2j+1)(2k+1) / 4N), for a power-of-two
+// length through a complex FFT of N/2.
 Reals dct4_fast(const Reals& x);
 
 // Pieces of the DCT-IV's split, for its bodies:

@@ -1,8 +1,7 @@
-// The scale constants of the fixed-size families, worked out from their
-// rules rather than taken from the library: 1/N is the value of the width
-// nearest to it; 1/sqrt(N) the nearest float in 32 bits, and in 64 bits
-// 1.0 / sqrt(N) with the root and the quotient each rounded to 64 bits.
-// Each rounding goes through a volatile store, so x87 rounds once too.
+// The scale constants of the fixed-size families from their rules: 1/N the
+// value of the width nearest to it; 1/sqrt(N) the nearest float in 32 bits,
+// in 64 bits 1.0 / sqrt(N) with root and quotient each rounded to 64 bits.
+// Each rounding goes through a volatile store, so that x87 rounds once.
 #ifndef ZPTG_TESTS_SUPPORT_SCALE_H
 #define ZPTG_TESTS_SUPPORT_SCALE_H
 

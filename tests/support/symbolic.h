@@ -13,12 +13,11 @@ namespace zptg::test {
 
 enum class Op { Input, Constant, Scale, Add, Sub, Mul, Store };
 
-// One step of the tape. a and b are the tape positions of the operands
-// (Add, Sub, Mul: a op b; Store: a is the value stored).
+// One step: a and b are the tape positions of the operands (a op b; a
+// Store stores a).
 struct Step {
     Op op;
-    int a = -1;
-    int b = -1;
+    int a = -1, b = -1;
     int slot = -1;     // Input, Store
     double value = 0;  // Constant
 };
@@ -42,11 +41,10 @@ Symbol operator+(Symbol a, Symbol b);
 Symbol operator-(Symbol a, Symbol b);
 Symbol operator*(Symbol a, Symbol b);
 
-// The body's view of the arrays: in(slot) reads, out(slot, value) stores.
-struct SymbolIn {
+struct SymbolIn {  // in(slot) reads
     Symbol operator()(int slot) const;
 };
-struct SymbolOut {
+struct SymbolOut {  // out(slot, value) stores
     void operator()(int slot, Symbol value) const;
 };
 
