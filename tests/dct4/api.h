@@ -1,6 +1,5 @@
-// The exported DCT-IV functions of one element kind by element type, so
-// that a test is written once for 32f and 64f; and a context built through
-// them, released when it goes out of scope.
+// The exported DCT-IV functions of one element kind by element type, so that a test is written once
+// for 32f and 64f; and a context built through them, released when it goes out of scope.
 #ifndef ZPTG_TESTS_DCT4_API_H
 #define ZPTG_TESTS_DCT4_API_H
 

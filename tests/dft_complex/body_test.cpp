@@ -1,10 +1,9 @@
-// The generated bodies as they ship, run once on Symbol (the 32fc and 64fc
-// kernels of a direction run the same body, so one tape stands for both):
+// The generated bodies as they ship, run once on Symbol (the 32fc and 64fc kernels of a direction
+// run the same body, so one tape stands for both):
 // - shape and order: each input slot read once, all reads before the first
-//   store; each output slot stored once, as the product of the scale and a
-//   computed value, that product the last operation on the value; only
-//   sums, differences and products of a constant with a value; each
-//   constant a positive magnitude held once; nothing computed for nothing;
+//   store; each output slot stored once, as the product of the scale and a   computed value, that
+// product the last operation on the value; only   sums, differences and products of a constant with
+// a value; each   constant a positive magnitude held once; nothing computed for nothing;
 // - counts against the rule table (above it in any column fails), forward
 //   against inverse, and against the generator's manifest.csv;
 // - constants: a length with no Rader stage holds only the doubles nearest
@@ -14,10 +13,10 @@
 
 #include <bitset>
 #include <cmath>
+#include <cstdio>
 #include <fstream>
 #include <map>
 #include <set>
-#include <sstream>
 #include <utility>
 
 #include "dft_complex/bodies.h"
@@ -42,20 +41,20 @@ Tape record(int n, bool forward)
 // Additions, subtractions, products with a constant, distinct constants.
 using Counts = std::array<int, 4>;
 
-// The rule table's cost of every length from 2 up (besides the 2N products
-// with the scale and the scale itself).
+// The rule table's cost of every length from 2 up (besides the 2N products with the scale and the
+// scale itself).
 constexpr Counts kTable[] = {
-    {2, 2, 0, 0}, {6, 6, 4, 2}, {8, 8, 0, 0}, {18, 14, 16, 4}, {18, 18, 8, 2}, {30, 30, 36, 6},  // 2 -
-    {26, 26, 4, 1}, {40, 40, 40, 8}, {46, 38, 32, 4}, {86, 70, 100, 14}, {48, 48, 16, 2}, {88, 88, 72, 18},  // 8 -
-    {74, 74, 72, 6}, {84, 72, 68, 6}, {74, 74, 28, 3}, {132, 132, 108, 19}, {98, 98, 80, 8}, {182, 182, 220, 28},  // 14 -
-    {112, 96, 64, 4}, {132, 132, 136, 8}, {190, 166, 200, 14}, {333, 311, 484, 46}, {126, 126, 44, 3}, {195, 157, 224, 20},  // 20 -
-    {202, 202, 144, 18}, {190, 190, 220, 26}, {176, 176, 144, 6}, {316, 340, 396, 34}, {198, 174, 136, 6}, {366, 326, 384, 40},  // 26 -
-    {188, 188, 88, 7}, {318, 282, 344, 16}, {298, 298, 216, 19}, {276, 248, 292, 10}, {232, 232, 160, 8}, {432, 432, 444, 46},  // 32 -
-    {402, 402, 440, 28}, {342, 342, 268, 18}, {274, 242, 148, 5}, {494, 466, 452, 45}, {306, 306, 272, 8}, {571, 577, 708, 50},  // 38 -
-    {424, 376, 400, 14}, {362, 326, 344, 12}, {718, 662, 968, 46}, {1243, 1369, 2116, 92}, {318, 318, 148, 5}, {451, 461, 648, 40},  // 44 -
-    {438, 366, 448, 20}, {498, 498, 392, 21}, {456, 456, 288, 18}, {880, 880, 852, 72}, {434, 434, 440, 26}, {618, 514, 676, 14},  // 50 -
-    {422, 422, 316, 7}, {660, 660, 736, 28}, {694, 734, 792, 34}, {1325, 1471, 1908, 92}, {456, 408, 272, 6}, {840, 776, 780, 66},  // 56 -
-    {800, 708, 768, 40}, {550, 550, 604, 14}, {464, 464, 248, 15},  // 62 - 64
+    {2, 2, 0, 0}, {6, 6, 4, 2}, {8, 8, 0, 0}, {18, 14, 16, 4}, {18, 18, 8, 2}, {30, 30, 36, 6},
+    {26, 26, 4, 1}, {40, 40, 40, 8}, {46, 38, 32, 4}, {86, 70, 100, 14}, {48, 48, 16, 2}, {88, 88, 72, 18},
+    {74, 74, 72, 6}, {84, 72, 68, 6}, {74, 74, 28, 3}, {132, 132, 108, 19}, {98, 98, 80, 8}, {182, 182, 220, 28},
+    {112, 96, 64, 4}, {132, 132, 136, 8}, {190, 166, 200, 14}, {333, 311, 484, 46}, {126, 126, 44, 3}, {195, 157, 224, 20},
+    {202, 202, 144, 18}, {190, 190, 220, 26}, {176, 176, 144, 6}, {316, 340, 396, 34}, {198, 174, 136, 6}, {366, 326, 384, 40},
+    {188, 188, 88, 7}, {318, 282, 344, 16}, {298, 298, 216, 19}, {276, 248, 292, 10}, {232, 232, 160, 8}, {432, 432, 444, 46},
+    {402, 402, 440, 28}, {342, 342, 268, 18}, {274, 242, 148, 5}, {494, 466, 452, 45}, {306, 306, 272, 8}, {571, 577, 708, 50},
+    {424, 376, 400, 14}, {362, 326, 344, 12}, {718, 662, 968, 46}, {1243, 1369, 2116, 92}, {318, 318, 148, 5}, {451, 461, 648, 40},
+    {438, 366, 448, 20}, {498, 498, 392, 21}, {456, 456, 288, 18}, {880, 880, 852, 72}, {434, 434, 440, 26}, {618, 514, 676, 14},
+    {422, 422, 316, 7}, {660, 660, 736, 28}, {694, 734, 792, 34}, {1325, 1471, 1908, 92}, {456, 408, 272, 6}, {840, 776, 780, 66},
+    {800, 708, 768, 40}, {550, 550, 604, 14}, {464, 464, 248, 15},
 };
 
 struct Summary {
@@ -64,9 +63,8 @@ struct Summary {
     std::string fault;           // the first step outside the contract
 };
 
-// One pass classifies every value: data (reads, sums, differences, constant
-// products), constants, the scale, scale products (which may only be
-// stored) and stores.
+// One pass classifies every value: data (reads, sums, differences, constant products), constants,
+// the scale, scale products (which may only be stored) and stores.
 Summary summarize(const Tape& tape, int n)
 {
     enum Kind { Data, Constant, Scale, ScaleProduct, Stored };
@@ -150,18 +148,18 @@ std::map<std::pair<int, std::string>, Counts> read_manifest()
     std::string line;
     std::getline(file, line);
     while (std::getline(file, line)) {
-        std::istringstream tail(line.substr(line.rfind('"') + 2));
         Counts c{};
-        char comma;
-        tail >> c[0] >> comma >> c[1] >> comma >> c[2] >> comma >> c[3];
-        const size_t first = line.find(',');
-        rows[{std::stoi(line), line.substr(first + 1, line.find(',', first + 1) - first - 1)}] = c;
+        int n = 0;
+        char dir[8] = {};
+        std::sscanf(line.c_str(), "%d,%7[a-z]", &n, dir);
+        std::sscanf(line.c_str() + line.rfind('"') + 2, "%d,%d,%d,%d", &c[0], &c[1], &c[2], &c[3]);
+        rows[{n, dir}] = c;
     }
     return rows;
 }
 
-// Is some value of the tape the plain sum of the real parts of these
-// elements (one stage's transform of the input map)?
+// Is some value of the tape the plain sum of the real parts of these elements (one stage's
+// transform of the input map)?
 bool has_plain_sum(const Tape& tape, const std::vector<int>& elements)
 {
     std::bitset<128> wanted;
@@ -189,10 +187,9 @@ bool x0_added_last(const Tape& tape, int slot)
     return last.op == Op::Add && reads(last.a) != reads(last.b) && tape[reads(last.a) ? last.b : last.a].op != Op::Input;
 }
 
-// The input maps of the table, seen in the first stage's sums: for 12 (4 by
-// 3) the elements 0, 3, 6, 9 form one 4-point transform; for 26 (13 by 2)
-// the even elements one 13-point stage; 10 (2 by 5) runs its butterflies
-// first, 30 its 5-point transforms, 15 its 3-point ones.
+// The input maps of the table, seen in the first stage's sums: for 12 (4 by 3) the elements 0, 3,
+// 6, 9 form one 4-point transform; for 26 (13 by 2) the even elements one 13-point stage; 10 (2 by
+// 5) runs its butterflies first, 30 its 5-point transforms, 15 its 3-point ones.
 const std::map<int, std::vector<int>> kStageSums = {
     {12, {0, 3, 6, 9}}, {26, {0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24}},
     {10, {0, 5}}, {30, {0, 6, 12, 18, 24}}, {15, {0, 5, 10}}};

@@ -1,21 +1,85 @@
-// The 252 kernels and 4 dispatchers as a caller sees them: every kernel
-// under every flag against the exact DFT, the scale constants bit for bit,
-// the order of the checks, and arrays that meet.
+// The 252 kernels and 4 dispatchers as a caller sees them, taken from the public header's family
+// list: every kernel under every flag against the exact DFT, the scale constants bit for bit, the
+// order of the checks, and arrays that meet.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <string>
+#include <type_traits>
+#include <vector>
 
-#include "dft_complex/members.h"
+#include "support/reference.h"
+#include "support/scale.h"
+#include "zptgenpx.h"
 
 namespace zptg::test {
 namespace {
 
-// One call into a dst of 0xFF bytes (a NaN in every part, so a value not
-// stored shows), with src checked to come back as it was.
+constexpr int kMinLength = 2;
+constexpr int kMaxLength = 64;
+
+template <class E>
+struct Member {
+    Direction dir = Direction::Forward;
+    zptgStatus (*kernel[kMaxLength + 1])(const E*, E*, int) = {};  // by length
+    const char* name[kMaxLength + 1] = {};
+    zptgStatus (*dispatcher)(const E*, E*, int, int) = nullptr;
+};
+
+template <class E>
+const Member<E>& member(Direction d)
+{
+    static const std::array<Member<E>, 2> members = [] {
+        std::array<Member<E>, 2> m{};
+        m[1].dir = Direction::Inverse;
+        auto of = [&m](const char* stem) -> Member<E>& { return m[stem[7] == 'I']; };  // zptgDFTInv
+#define ZPTG_TEST_K_(stem, kind, type, N)                                   \
+    if constexpr (std::is_same_v<type, E>) {                               \
+        of(#stem).kernel[N] = &stem##_##N##_##kind;                        \
+        of(#stem).name[N] = #stem "_" #N "_" #kind;                        \
+    }
+#define ZPTG_TEST_D_(stem, kind, type) \
+    if constexpr (std::is_same_v<type, E>) of(#stem).dispatcher = &stem##_##kind;
+        ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_TEST_K_, ZPTG_TEST_D_)
+#undef ZPTG_TEST_K_
+#undef ZPTG_TEST_D_
+        return m;
+    }();
+    return members[d == Direction::Inverse];
+}
+
+template <class F>  // f(member) for 32fc forward and inverse, then 64fc
+void for_each_member(F&& f)
+{
+    for (Direction d : {Direction::Forward, Direction::Inverse}) f(member<zptg32fc>(d));
+    for (Direction d : {Direction::Forward, Direction::Inverse}) f(member<zptg64fc>(d));
+}
+
+template <class E>
+std::vector<E> complex_input(int n, uint32_t seed)
+{
+    const Reals v = random_values(2 * n, seed);
+    std::vector<E> x(n);
+    for (int k = 0; k < n; ++k) x[k] = {decltype(E::re)(v[2 * k]), decltype(E::re)(v[2 * k + 1])};
+    return x;
+}
+
+template <class E>
+std::vector<E> filled(int n, unsigned char byte)
+{
+    std::vector<E> v(n);
+    std::memset(static_cast<void*>(v.data()), byte, v.size() * sizeof(E));
+    return v;
+}
+
+
+// One call into a dst of 0xFF bytes (a NaN in every part, so a value not stored shows), with src
+// checked to come back as it was.
 template <class E>
 std::vector<E> call(const Member<E>& m, int n, const std::vector<E>& x, int flag)
 {
@@ -29,15 +93,13 @@ std::vector<E> call(const Member<E>& m, int n, const std::vector<E>& x, int flag
 template <class R>
 R part(const auto& v, int slot) { return slot % 2 == 0 ? v[slot / 2].re : v[slot / 2].im; }
 
-// Inputs: impulses at x[0] (every output is the factor itself, so the scale
-// constants show bit for bit) and at x[1] (its outputs pass through every
-// constant of the kernel), and three pseudo-random ones. The bounds, in
-// units of eps max|X|: 32fc kernels compute in double and round once at the
-// store, so each value must be the float nearest to the exact one, or a
-// neighbour where the exact value lies within 2^-44 max|X| of a midpoint;
-// 64fc: max |Y - X| <= 1 + log2 N. The flags differ by the one final
-// product only: the flag that does not divide gives the bits of flag 8,
-// every other that result times its factor, within two units.
+// Inputs: impulses at x[0] (every output is the factor itself, so the scale constants show bit for
+// bit) and at x[1] (its outputs pass through every constant of the kernel), and three pseudo-random
+// ones. The bounds, in units of eps max|X|: 32fc kernels compute in double and round once at the
+// store, so each value must be the float nearest to the exact one, or a neighbour where the exact
+// value lies within 2^-44 max|X| of a midpoint; 64fc: max |Y - X| <= 1 + log2 N. The flags differ
+// by the one final product only: the flag that does not divide gives the bits of flag 8, every
+// other that result times its factor, within two units.
 template <class E>
 void check_member(const Member<E>& m)
 {
@@ -87,8 +149,8 @@ TEST(ComplexKernels, ExactDftUnderEveryFlag)
     for_each_member([]<class E>(const Member<E>& m) { check_member(m); });
 }
 
-// A kernel tests src and dst, then the flag; a dispatcher only the length,
-// so a bad length outranks every other fault. A failed check writes nothing.
+// A kernel tests src and dst, then the flag; a dispatcher only the length, so a bad length outranks
+// every other fault. A failed check writes nothing.
 TEST(ComplexKernels, OrderOfTheChecks)
 {
     constexpr int kAnyFlags[] = {1, 2, 4, 8, 3, 0, -1};
@@ -117,9 +179,9 @@ TEST(ComplexKernels, OrderOfTheChecks)
     });
 }
 
-// Every length reaches its kernel through the dispatcher, and all reads
-// come before the first store: dst equal to src, or overlapping it by one
-// element either way, gives the bits of separate arrays, under every flag.
+// Every length reaches its kernel through the dispatcher, and all reads come before the first
+// store: dst equal to src, or overlapping it by one element either way, gives the bits of separate
+// arrays, under every flag.
 TEST(ComplexKernels, DispatcherAndArraysThatMeet)
 {
     for_each_member([]<class E>(const Member<E>& m) {

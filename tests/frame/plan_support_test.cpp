@@ -1,6 +1,5 @@
-// The planning support under the DCT-IV: 32-byte rounding, the arena's bump
-// word, the environment list, the split factor and the trigonometric
-// functions in units of pi, with their edge cases.
+// The planning support under the DCT-IV (its 32-byte rounding is held by the block sizes): the
+// arena's bump word, the environment list, the split factor and the trigonometry in units of pi.
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -16,13 +15,6 @@
 namespace zptg {
 namespace {
 
-TEST(PlanSupport, AlignSize32BytesRoundsUpAndWraps)
-{
-    const int32_t cases[][2] = {{0, 0}, {1, 32}, {31, 32}, {32, 32}, {33, 64}, {68, 96}, {-1, 0}, {-32, -32},
-                                {-33, -32}, {INT_MAX - 30, INT_MIN}, {INT_MAX, INT_MIN}, {INT_MAX - 31, INT_MAX - 31}};
-    for (const auto& [in, out] : cases) EXPECT_EQ(zptgAlignSize32Bytes(in), out) << in;
-}
-
 // A block (at any alignment) whose first word points `start` bytes into it.
 struct TestArena {
     explicit TestArena(size_t start, size_t offset = 0) : storage(1024 + offset), block(storage.data() + offset)
@@ -34,8 +26,8 @@ struct TestArena {
     unsigned char* block;
 };
 
-// Allocation moves the word by rounded sizes (0 leaves it); a release steps
-// it back by the rounded size whatever the pointer, even below the start.
+// Allocation moves the word by rounded sizes (0 leaves it); a release steps it back by the rounded
+// size whatever the pointer, even below the start.
 TEST(PlanSupport, ArenaMovesItsWordByRoundedSizes)
 {
     for (size_t offset = 0; offset < 8; ++offset) {
@@ -62,11 +54,10 @@ struct Probe {
 
 void probe_del(void* self) { *static_cast<Probe*>(self)->log = *static_cast<Probe*>(self)->log * 10 + static_cast<Probe*>(self)->id; }
 
-// The first item goes into the head, each further one into a node drawn
-// from the arena; get answers null out of range; __del__ gives back the
-// nodes behind the head (none for one item); freeChildren runs the
-// destructors in order, also of a single item, and gives back each
-// record's own size, but no node.
+// The first item goes into the head, each further one into a node drawn from the arena; get answers
+// null out of range; __del__ gives back the nodes behind the head (none for one item); freeChildren
+// runs the destructors in order, also of a single item, and gives back each record's own size, but
+// no node.
 TEST(PlanSupport, EnvList)
 {
     TestArena a(64);
@@ -93,9 +84,8 @@ TEST(PlanSupport, EnvList)
     EXPECT_EQ(log, 1231);
 }
 
-// Every threshold from both sides: the threshold itself takes its cap, the
-// largest multiple of that cap below it the cap under it. Failure leaves
-// the output alone.
+// Every threshold from both sides: the threshold itself takes its cap, the largest multiple of that
+// cap below it the cap under it. Failure leaves the output alone.
 TEST(PlanSupport, DivisorsIntNonTriv)
 {
     const int32_t cases[][2] = {
@@ -110,10 +100,9 @@ TEST(PlanSupport, DivisorsIntNonTriv)
     }
 }
 
-// Bit for bit the library function of the product of the argument with
-// pi as a 64-bit constant, rounded to the element width before the call
-// (through volatile, so that x87 rounds here as in the library): so
-// cos(pi/2) in 32 bits is not zero.
+// Bit for bit the library function of the product of the argument with pi as a 64-bit constant,
+// rounded to the element width before the call (through volatile, so that x87 rounds here as in the
+// library): so cos(pi/2) in 32 bits is not zero.
 TEST(PlanSupport, TrigPiIsTheMathLibraryOfTheRoundedProduct)
 {
     EXPECT_FLOAT_EQ(zptgCosPi_32f(0.5f), -4.371139e-8f);

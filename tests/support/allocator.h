@@ -1,6 +1,6 @@
-// zptMalloc and zptFree of a test program that links this: they take the
-// place of the core library's pair for every call the library makes. Each
-// block ends against an inaccessible page; the log tells what happened.
+// zptMalloc and zptFree of a test program that links this: they take the place of the core
+// library's pair for every call the library makes. Each block ends against an inaccessible page;
+// the log tells what happened.
 #ifndef ZPTG_TESTS_SUPPORT_ALLOCATOR_H
 #define ZPTG_TESTS_SUPPORT_ALLOCATOR_H
 

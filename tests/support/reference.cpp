@@ -44,9 +44,9 @@ void fft_plus(std::vector<cld>& a)
 
 cld exp_i_pi(int64_t num, int64_t den)
 {
-    // The angle is (pi/4) (4 r / den), r = num mod 2 den: octant o and
-    // within it f / den of an eighth turn; odd octants are measured back
-    // from their upper end, so the series never sees more than pi/4.
+    // The angle is (pi/4) (4 r / den), r = num mod 2 den: octant o and within it f / den of an
+    // eighth turn; odd octants are measured back from their upper end, so the series never sees
+    // more than pi/4.
     int64_t r = num % (2 * den);
     if (r < 0) r += 2 * den;
     const int64_t o = 4 * r / den, f = 4 * r % den;
@@ -74,8 +74,8 @@ std::vector<cld> exact_dft(const std::vector<cld>& x, int sign)
 
 Reals dct4_fast(const Reals& x)
 {
-    // Pairs x[2j] - i x[N-1-2j] turned by exp(i pi j / N), a DFT of N/2;
-    // output p, turned by exp(i pi (4p+1) / 4N), gives X[2p] and X[N-1-2p].
+    // Pairs x[2j] - i x[N-1-2j] turned by exp(i pi j / N), a DFT of N/2; output p, turned by exp(i
+    // pi (4p+1) / 4N), gives X[2p] and X[N-1-2p].
     const int64_t n = int64_t(x.size()), half = n / 2;
     if (n < 2) return x;
     std::vector<cld> z(half);

@@ -1,9 +1,8 @@
-// The exact references the families are measured against, in long double:
-// one per transform, by its definition (or, for the long DCT-IV lengths, an
-// FFT of long double values), with every angle an exact fraction of pi
-// whose sine and cosine come from their Taylor series here rather than from
-// the system's sinl/cosl (which an emulated x87 may compute to double
-// precision only). Far below the error of any kernel.
+// The exact references the families are measured against, in long double: one per transform, by its
+// definition (or, for the long DCT-IV lengths, an FFT of long double values), with every angle an
+// exact fraction of pi whose sine and cosine come from their Taylor series here rather than from
+// the system's sinl/cosl (which an emulated x87 may compute to double precision only). Far below
+// the error of any kernel.
 #ifndef ZPTG_TESTS_SUPPORT_REFERENCE_H
 #define ZPTG_TESTS_SUPPORT_REFERENCE_H
 
@@ -22,14 +21,13 @@ cld exp_i_pi(int64_t num, int64_t den);
 inline long double cos_pi(int64_t num, int64_t den) { return exp_i_pi(num, den).real(); }
 inline long double sin_pi(int64_t num, int64_t den) { return exp_i_pi(num, den).imag(); }
 
-// X[k] = sum_t x[t] exp(sign 2 pi i k t / N), unscaled: sign -1 for the
-// forward DFT, +1 for the inverse.
+// X[k] = sum_t x[t] exp(sign 2 pi i k t / N), unscaled: sign -1 for the forward DFT, +1 for the
+// inverse.
 std::vector<cld> exact_dft(const std::vector<cld>& x, int sign);
 
-// The Walsh-Hadamard transform in natural order, unscaled, by its plain
-// network: stages of distance 1, 2, 4, ..., butterflies (a, b) -> (a + b,
-// a - b) with the lower index as minuend. In long double it is exact when
-// every partial sum fits the significand, as for random_values' inputs.
+// The Walsh-Hadamard transform in natural order, unscaled, by its plain network: stages of distance
+// 1, 2, 4, ..., butterflies (a, b) -> (a + b, a - b) with the lower index as minuend. In long
+// double it is exact when every partial sum fits the significand, as for random_values' inputs.
 template <class V>
 V wht_network(V x)
 {
@@ -43,12 +41,12 @@ V wht_network(V x)
     return x;
 }
 
-// DCT-IV: X[k] = sum_j x[j] cos(pi (2j+1)(2k+1) / 4N), for a power-of-two
-// length through a complex FFT of N/2.
+// DCT-IV: X[k] = sum_j x[j] cos(pi (2j+1)(2k+1) / 4N), for a power-of-two length through a complex
+// FFT of N/2.
 Reals dct4_fast(const Reals& x);
 
-// Pieces of the DCT-IV's split, for its bodies:
-// F(k) = sum_j y[j] exp(i pi j (2k+1) / M), k < M/2, through an FFT of M;
+// Pieces of the DCT-IV's split, for its bodies: F(k) = sum_j y[j] exp(i pi j (2k+1) / M), k < M/2,
+// through an FFT of M;
 std::vector<cld> oddfreq(const Reals& y);
 // R(s) = Re sum_i W_i exp(i pi (2i+1) s / 2D), s = -D .. D-1, at [s + D];
 Reals network_sum(const std::vector<cld>& w);

@@ -1,7 +1,7 @@
-// The scale constants of the fixed-size families from their rules: 1/N the
-// value of the width nearest to it; 1/sqrt(N) the nearest float in 32 bits,
-// in 64 bits 1.0 / sqrt(N) with root and quotient each rounded to 64 bits.
-// Each rounding goes through a volatile store, so that x87 rounds once.
+// The scale constants of the fixed-size families from their rules: 1/N the value of the width
+// nearest to it; 1/sqrt(N) the nearest float in 32 bits, in 64 bits 1.0 / sqrt(N) with root and
+// quotient each rounded to 64 bits. Each rounding goes through a volatile store, so that x87 rounds
+// once.
 #ifndef ZPTG_TESTS_SUPPORT_SCALE_H
 #define ZPTG_TESTS_SUPPORT_SCALE_H
 

@@ -1,8 +1,7 @@
-// A symbolic element type for the generated bodies: instantiated with it, a
-// body runs once and leaves a tape of everything it did, in order: every
-// read of an input slot, every constant it holds, every sum, difference and
-// product, and every store. The scale factor is a value of its own kind, so
-// that its products can be told apart from those of the transform.
+// A symbolic element type for the generated bodies: instantiated with it, a body runs once and
+// leaves a tape of everything it did, in order: every read of an input slot, every constant it
+// holds, every sum, difference and product, and every store. The scale factor is a value of its own
+// kind, so that its products can be told apart from those of the transform.
 #ifndef ZPTG_TESTS_SUPPORT_SYMBOLIC_H
 #define ZPTG_TESTS_SUPPORT_SYMBOLIC_H
 
@@ -13,8 +12,7 @@ namespace zptg::test {
 
 enum class Op { Input, Constant, Scale, Add, Sub, Mul, Store };
 
-// One step: a and b are the tape positions of the operands (a op b; a
-// Store stores a).
+// One step: a and b are the tape positions of the operands (a op b; a Store stores a).
 struct Step {
     Op op;
     int a = -1, b = -1;
@@ -48,8 +46,7 @@ struct SymbolOut {  // out(slot, value) stores
     void operator()(int slot, Symbol value) const;
 };
 
-// Runs body(scale) with a fresh scale symbol, the tape's first step, and
-// returns the tape.
+// Runs body(scale) with a fresh scale symbol, the tape's first step, and returns the tape.
 Tape record(const std::function<void(Symbol)>& body);
 
 }  // namespace zptg::test

@@ -1,9 +1,8 @@
-// The Walsh-Hadamard family: every order, kind and flag against the exact
-// transform, the checks and statuses of kernels and dispatchers, and the
-// scratch buffer of orders 8 to 13. This program brings its own zptMalloc
-// and zptFree (support/allocator), so every allocation of the library is
-// counted and ends against an inaccessible page; src, dst and a given
-// buffer do too, at exactly their size.
+// The Walsh-Hadamard family: every order, kind and flag against the exact transform, the checks and
+// statuses of kernels and dispatchers, and the scratch buffer of orders 8 to 13. This program
+// brings its own zptMalloc and zptFree (support/allocator), so every allocation of the library is
+// counted and ends against an inaccessible page; src, dst and a given buffer do too, at exactly
+// their size.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,8 +39,8 @@ struct Family;
 ZPTG_TEST_FAMILY_(32f, float)
 ZPTG_TEST_FAMILY_(64f, double)
 
-// Scratch bytes by order: none for the direct orders, N elements for 8 to
-// 11, N plus one group of the first two passes for 12 and 13.
+// Scratch bytes by order: none for the direct orders, N elements for 8 to 11, N plus one group of
+// the first two passes for 12 and 13.
 template <class T>
 int table_bytes(int order)
 {
@@ -58,8 +57,8 @@ zptgStatus run_kernel(int order, const T* src, T* dst, int flag, T* buffer)
 
 enum class Scratch { Given, Null };
 
-// A call on guarded arrays: dst separate or equal to src; the buffer of
-// exactly the table's size, or null.
+// A call on guarded arrays: dst separate or equal to src; the buffer of exactly the table's size,
+// or null.
 template <class T>
 std::vector<T> run(int order, const std::vector<T>& x, int flag, Scratch scratch = Scratch::Given, bool in_place = false)
 {
@@ -80,12 +79,11 @@ protected:
 using Kinds = ::testing::Types<float, double>;
 TYPED_TEST_SUITE(Wht, Kinds);
 
-// Each output within the rounding of `order` stages, the scale constant and
-// the final product of the exact value; an impulse at 0 gives the factor
-// itself everywhere (the constants bit for bit); flags 1 and 2 the same
-// bits; in place (with a buffer and without) the bits of separate arrays;
-// and where every sum is rounded to the element width, the bits of the
-// plain network in ascending stages with one product by the factor at the end.
+// Each output within the rounding of `order` stages, the scale constant and the final product of
+// the exact value; an impulse at 0 gives the factor itself everywhere (the constants bit for bit);
+// flags 1 and 2 the same bits; in place (with a buffer and without) the bits of separate arrays;
+// and where every sum is rounded to the element width, the bits of the plain network in ascending
+// stages with one product by the factor at the end.
 TYPED_TEST(Wht, EveryOrderAndFlagAgainstTheExactTransform)
 {
     using T = TypeParam;
@@ -121,11 +119,10 @@ TYPED_TEST(Wht, EveryOrderAndFlagAgainstTheExactTransform)
     }
 }
 
-// A kernel tests src and dst (-8), then the flag (-16, anything but exactly
-// 1, 2, 4 or 8); the dispatcher the order first (-6), then forwards
-// everything to the kernel of the order, the buffer too. A failed check
-// writes nothing, neither dst nor the buffer, and allocates nothing. Orders
-// 1 to 7 take no buffer: a pointer into an inaccessible page is never touched.
+// A kernel tests src and dst (-8), then the flag (-16, anything but exactly 1, 2, 4 or 8); the
+// dispatcher the order first (-6), then forwards everything to the kernel of the order, the buffer
+// too. A failed check writes nothing, neither dst nor the buffer, and allocates nothing. Orders 1
+// to 7 take no buffer: a pointer into an inaccessible page is never touched.
 TYPED_TEST(Wht, ChecksAndDispatch)
 {
     using T = TypeParam;
@@ -158,20 +155,22 @@ TYPED_TEST(Wht, ChecksAndDispatch)
         EXPECT_TRUE(order <= kLastDirect || buffer[0] != T(-7)) << "the given buffer was not used";
     }
     std::vector<T> dst(8192, T(-7));
-    for (const int order : {0, 14, -1, -13, 15, 1000, INT_MIN, INT_MAX})
+    for (const int order : {0, 14, -1, -13, 15, 1000, INT_MIN, INT_MAX}) {
+        int size = 12345;  // the query answers first too, and leaves the size alone
+        EXPECT_EQ(Family<T>::buffer_size(order, &size) + size, zptgStatusBadSize + 12345) << order;
         for (const int flag : {8, 3}) {
             EXPECT_EQ(Family<T>::dispatch(dst.data(), dst.data(), order, flag, nullptr), zptgStatusBadSize) << order;
             EXPECT_EQ(Family<T>::dispatch(nullptr, nullptr, order, flag, nullptr), zptgStatusBadSize) << order;
         }
+    }
     EXPECT_TRUE(std::all_of(dst.begin(), dst.end(), [](T v) { return v == T(-7); }));
     EXPECT_EQ(allocation_log().allocations + allocation_log().releases, 0);
 }
 
-// The size query reports the table; a null buffer at orders 8 to 13 is one
-// allocation of that size, released once, with the result of a given one;
-// and a buffer of exactly that size beginning at an inaccessible page,
-// filled with NaN, gives the same result with no NaN left in it: every
-// element in use, none before the start or past the end.
+// The size query reports the table; a null buffer at orders 8 to 13 is one allocation of that size,
+// released once, with the result of a given one; and a buffer of exactly that size beginning at an
+// inaccessible page, filled with NaN, gives the same result with no NaN left in it: every element
+// in use, none before the start or past the end.
 TYPED_TEST(Wht, ScratchBuffer)
 {
     using T = TypeParam;
@@ -200,11 +199,6 @@ TYPED_TEST(Wht, ScratchBuffer)
         ASSERT_EQ(run_kernel<T>(order, src.data(), dst.data(), zptgScaleBySqrtN, buffer.data()), zptgStatusOk);
         EXPECT_TRUE(std::equal(given.begin(), given.end(), dst.data()));
         EXPECT_TRUE(std::none_of(buffer.begin(), buffer.end(), [](T v) { return std::isnan(v); }));
-    }
-    for (const int order : {0, 14, -1, 1000, INT_MIN, INT_MAX}) {
-        int size = 12345;
-        EXPECT_EQ(Family<T>::buffer_size(order, &size), zptgStatusBadSize) << order;
-        EXPECT_EQ(size, 12345) << "the size was written for order " << order;
     }
 }
 
