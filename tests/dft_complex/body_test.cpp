@@ -1,215 +1,231 @@
-// The generated bodies as they ship, instantiated with a symbolic element
-// type that records every operation (the 32fc and 64fc kernels of a
-// direction run the same body, so one tape stands for both):
+// The generated bodies as they ship, run once on Symbol (the 32fc and 64fc kernels of a direction
+// run the same body, so one tape stands for both):
 // - shape and order: each input slot read once, all reads before the first
-//   store; each output slot stored once, as the product of the scale and a
-//   computed value, that product the last operation on the value; only sums,
-//   differences and products of a constant with a value; each constant a
-//   positive magnitude held once; nothing computed for nothing;
-// - counts: additions, subtractions, products with constants and distinct
-//   constants, against the rule table (above it in any column fails; rows
-//   that differ are printed), forward against inverse, and against the
-//   generator's manifest.csv;
-// - constants: a length with no Rader stage holds only cosines and sines of
-//   multiples of 2 pi / N, each the double nearest to its exact value;
-// - the stage order of the table, seen in the first stage's sums, and x[0]
-//   added last into X[0] of a prime length.
+//   store; each output slot stored once, as the product of the scale and a   computed value, that
+// product the last operation on the value; only   sums, differences and products of a constant with
+// a value; each   constant a positive magnitude held once; nothing computed for nothing;
+// - counts against the rule table (above it in any column fails), forward
+//   against inverse, and against the generator's manifest.csv;
+// - constants: a length with no Rader stage holds only the doubles nearest
+//   to cosines and sines of multiples of 2 pi / N;
+// - the stage order of the table, and x[0] added last into X[0] of a prime.
 #include <gtest/gtest.h>
 
 #include <bitset>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
-#include <initializer_list>
 #include <map>
 #include <set>
-#include <sstream>
-#include <string>
 #include <utility>
 
-#include "dft_complex/exact_dft.h"
-#include "dft_complex/rule_counts.h"
-#include "dft_complex/stated_scale.h"
-#include "dft_complex/tape_analysis.h"
+#include "dft_complex/bodies.h"
+#include "support/reference.h"
+#include "support/scale.h"
 
 namespace zptg::test {
 namespace {
+
+Tape record(int n, bool forward)
+{
+    static const Bodies bodies = [] {
+        Bodies b;
+        [&]<int... P>(std::integer_sequence<int, P...>) { (add_bodies<P>(b), ...); }(
+            std::make_integer_sequence<int, ZPTG_BODY_PARTS>());
+        return b;
+    }();
+    const SymbolicBody body = (forward ? bodies.forward : bodies.inverse)[n];
+    return zptg::test::record([&](Symbol s) { body(SymbolIn{}, SymbolOut{}, s); });
+}
+
+// Additions, subtractions, products with a constant, distinct constants.
+using Counts = std::array<int, 4>;
+
+// The rule table's cost of every length from 2 up (besides the 2N products with the scale and the
+// scale itself).
+constexpr Counts kTable[] = {
+    {2, 2, 0, 0}, {6, 6, 4, 2}, {8, 8, 0, 0}, {18, 14, 16, 4}, {18, 18, 8, 2}, {30, 30, 36, 6},
+    {26, 26, 4, 1}, {40, 40, 40, 8}, {46, 38, 32, 4}, {86, 70, 100, 14}, {48, 48, 16, 2}, {88, 88, 72, 18},
+    {74, 74, 72, 6}, {84, 72, 68, 6}, {74, 74, 28, 3}, {132, 132, 108, 19}, {98, 98, 80, 8}, {182, 182, 220, 28},
+    {112, 96, 64, 4}, {132, 132, 136, 8}, {190, 166, 200, 14}, {333, 311, 484, 46}, {126, 126, 44, 3}, {195, 157, 224, 20},
+    {202, 202, 144, 18}, {190, 190, 220, 26}, {176, 176, 144, 6}, {316, 340, 396, 34}, {198, 174, 136, 6}, {366, 326, 384, 40},
+    {188, 188, 88, 7}, {318, 282, 344, 16}, {298, 298, 216, 19}, {276, 248, 292, 10}, {232, 232, 160, 8}, {432, 432, 444, 46},
+    {402, 402, 440, 28}, {342, 342, 268, 18}, {274, 242, 148, 5}, {494, 466, 452, 45}, {306, 306, 272, 8}, {571, 577, 708, 50},
+    {424, 376, 400, 14}, {362, 326, 344, 12}, {718, 662, 968, 46}, {1243, 1369, 2116, 92}, {318, 318, 148, 5}, {451, 461, 648, 40},
+    {438, 366, 448, 20}, {498, 498, 392, 21}, {456, 456, 288, 18}, {880, 880, 852, 72}, {434, 434, 440, 26}, {618, 514, 676, 14},
+    {422, 422, 316, 7}, {660, 660, 736, 28}, {694, 734, 792, 34}, {1325, 1471, 1908, 92}, {456, 408, 272, 6}, {840, 776, 780, 66},
+    {800, 708, 768, 40}, {550, 550, 604, 14}, {464, 464, 248, 15},
+};
+
+struct Summary {
+    Counts counts{};
+    std::set<double> constants;  // distinct values in products
+    std::string fault;           // the first step outside the contract
+};
+
+// One pass classifies every value: data (reads, sums, differences, constant products), constants,
+// the scale, scale products (which may only be stored) and stores.
+Summary summarize(const Tape& tape, int n)
+{
+    enum Kind { Data, Constant, Scale, ScaleProduct, Stored };
+    Summary s;
+    std::vector<Kind> kind(tape.size());
+    std::vector<int> uses(tape.size(), 0), reads(2 * n, 0), stores(2 * n, 0);
+    int held = 0, last_read = -1, first_store = -1, scale_products = 0;
+    auto fault = [&](size_t i, const char* what) {
+        if (s.fault.empty()) s.fault = "step " + std::to_string(i) + ": " + what;
+    };
+    for (size_t i = 0; i < tape.size(); ++i) {
+        const Step& t = tape[i];
+        if (t.a >= 0) ++uses[t.a];
+        if (t.b >= 0) ++uses[t.b];
+        const bool slot_ok = t.slot >= 0 && t.slot < 2 * n;
+        switch (t.op) {
+        case Op::Input:
+            kind[i] = Data;
+            last_read = int(i);
+            if (slot_ok) ++reads[t.slot];
+            break;
+        case Op::Constant:
+            kind[i] = Constant;
+            ++held;
+            if (!(t.value > 0)) fault(i, "a constant that is not a positive magnitude");
+            break;
+        case Op::Scale: kind[i] = Scale; break;
+        case Op::Add:
+        case Op::Sub:
+            kind[i] = Data;
+            if (kind[t.a] != Data || kind[t.b] != Data) fault(i, "a sum of something else than data");
+            ++s.counts[t.op == Op::Add ? 0 : 1];
+            break;
+        case Op::Mul: {
+            const std::multiset<Kind> k = {kind[t.a], kind[t.b]};
+            kind[i] = k == std::multiset<Kind>{Data, Scale} ? ScaleProduct : Data;
+            if (kind[i] == ScaleProduct) {
+                ++scale_products;
+            } else if (k == std::multiset<Kind>{Data, Constant}) {
+                ++s.counts[2];
+                s.constants.insert(tape[kind[t.a] == Constant ? t.a : t.b].value);
+            } else {
+                fault(i, "a product of something else than a constant or the scale with data");
+            }
+            break;
+        }
+        case Op::Neg:
+        case Op::Zero:
+            kind[i] = Stored;
+            fault(i, "a sign flip or a literal zero in a complex body");
+            break;
+        case Op::Store:
+            kind[i] = Stored;
+            if (first_store < 0) first_store = int(i);
+            if (slot_ok) ++stores[t.slot];
+            if (kind[t.a] != ScaleProduct) fault(i, "a store of something else than a scale product");
+            break;
+        }
+        if ((t.op == Op::Input || t.op == Op::Store) && !slot_ok) fault(i, "slot out of range");
+    }
+    for (size_t i = 0; i < tape.size(); ++i) {
+        if (kind[i] == ScaleProduct && uses[i] != 1) fault(i, "a scale product used otherwise than by one store");
+        if ((kind[i] == Data || kind[i] == Constant) && uses[i] == 0) fault(i, "computed for nothing");
+    }
+    for (int slot = 0; slot < 2 * n; ++slot)
+        if (reads[slot] != 1 || stores[slot] != 1) fault(slot, "(slot) not read once and stored once");
+    if (!(last_read < first_store)) fault(first_store, "a read after the first store");
+    if (scale_products != 2 * n) fault(0, "not one product with the scale per output value");
+    if (held != int(s.constants.size())) fault(0, "a constant held more than once");
+    s.counts[3] = int(s.constants.size());
+    return s;
+}
 
 bool is_prime(int n)
 {
     for (int d = 2; d * d <= n; ++d)
         if (n % d == 0) return false;
-    return n >= 2;
-}
-
-struct Counted {
-    int additions, subtractions, products, constants;
-    bool operator==(const Counted&) const = default;
-};
-
-std::string text(const Counted& c)
-{
-    std::ostringstream s;
-    s << c.additions << "/" << c.subtractions << "/" << c.products << "/" << c.constants;
-    return s.str();
+    return true;
 }
 
 // manifest.csv: n,direction,"rule",additions,subtractions,products,constants
-std::map<std::pair<int, std::string>, Counted> read_manifest(std::string* error)
+std::map<std::pair<int, std::string>, Counts> read_manifest()
 {
-    std::map<std::pair<int, std::string>, Counted> rows;
+    std::map<std::pair<int, std::string>, Counts> rows;
     std::ifstream file(ZPTG_COMPLEX_MANIFEST);
-    if (!file) {
-        *error = "cannot read " ZPTG_COMPLEX_MANIFEST;
-        return rows;
-    }
     std::string line;
-    std::getline(file, line);  // the heading
+    std::getline(file, line);
     while (std::getline(file, line)) {
-        const size_t first = line.find(','), second = line.find(',', first + 1);
-        const size_t counts = line.rfind('"');
-        Counted c{};
-        char comma = 0;
-        std::istringstream tail(line.substr(counts + 2));
-        tail >> c.additions >> comma >> c.subtractions >> comma >> c.products >> comma >> c.constants;
-        if (first == std::string::npos || second == std::string::npos || counts == std::string::npos ||
-            !tail) {
-            *error = "malformed line: " + line;
-            return rows;
-        }
-        rows[{std::stoi(line.substr(0, first)), line.substr(first + 1, second - first - 1)}] = c;
+        Counts c{};
+        int n = 0;
+        char dir[8] = {};
+        std::sscanf(line.c_str(), "%d,%7[a-z]", &n, dir);
+        std::sscanf(line.c_str() + line.rfind('"') + 2, "%d,%d,%d,%d", &c[0], &c[1], &c[2], &c[3]);
+        rows[{n, dir}] = c;
     }
     return rows;
 }
 
-TEST(ComplexBody, ShapeAndOrderOfEveryBody)
-{
-    for (int n = kMinLength; n <= kMaxLength; ++n) {
-        for (Dir d : {Dir::Forward, Dir::Inverse}) {
-            SCOPED_TRACE("length " + std::to_string(n) + " " + dir_name(d));
-            const TapeSummary s = summarize(record(n, d), n);
-            for (const std::string& f : s.faults) ADD_FAILURE() << f;
-            EXPECT_EQ(s.constants_held, int(s.constants.size())) << "a constant held more than once";
-            for (int slot = 0; slot < 2 * n; ++slot) {
-                EXPECT_EQ(s.reads[slot], 1) << "input slot " << slot << " read " << s.reads[slot] << " times";
-                EXPECT_EQ(s.stores[slot], 1) << "output slot " << slot << " stored " << s.stores[slot] << " times";
-            }
-            ASSERT_GE(s.first_store, 0) << "no store";
-            EXPECT_LT(s.last_read, s.first_store) << "a read after the first store";
-            EXPECT_EQ(s.scale_products, 2 * n) << "products with the scale";
-            EXPECT_EQ(s.negations + s.zeros, 0) << "a sign flip or a literal zero in a complex body";
-        }
-    }
-}
-
-TEST(ComplexBody, CountsAgainstTheTableTheOtherDirectionAndTheManifest)
-{
-    std::string error;
-    const auto manifest = read_manifest(&error);
-    ASSERT_TRUE(error.empty()) << error;
-    EXPECT_EQ(manifest.size(), size_t(2 * (kMaxLength - kMinLength + 1)));
-    for (int n = kMinLength; n <= kMaxLength; ++n) {
-        const RuleCounts& t = rule_counts(n);
-        ASSERT_EQ(t.n, n);
-        const Counted table{t.additions, t.subtractions, t.products, t.constants};
-        Counted forward{};
-        for (Dir d : {Dir::Forward, Dir::Inverse}) {
-            const std::string which = "length " + std::to_string(n) + " " + dir_name(d);
-            const TapeSummary s = summarize(record(n, d), n);
-            const Counted c{s.additions, s.subtractions, s.products, int(s.constants.size())};
-            if (c != table) std::printf("%s: %s, the table %s\n", which.c_str(), text(c).c_str(), text(table).c_str());
-            EXPECT_LE(c.additions, t.additions) << which;
-            EXPECT_LE(c.subtractions, t.subtractions) << which;
-            EXPECT_LE(c.products, t.products) << which;
-            EXPECT_LE(c.constants, t.constants) << which;
-            if (d == Dir::Forward) {
-                forward = c;
-            } else {
-                EXPECT_EQ(text(c), text(forward)) << which << " against the forward body";
-            }
-            const auto row = manifest.find({n, dir_name(d)});
-            ASSERT_NE(row, manifest.end()) << "no manifest line for " << which;
-            EXPECT_EQ(text(c), text(row->second)) << which << ": the body against the manifest";
-        }
-    }
-}
-
-TEST(ComplexBody, LengthsWithoutRaderStagesHoldNearestCosines)
-{
-    for (int n = kMinLength; n <= kMaxLength; ++n) {
-        bool rader = false;
-        for (int p = 11; p <= n; ++p) rader = rader || (is_prime(p) && n % p == 0);
-        if (rader) continue;
-        std::set<double> allowed;
-        for (int k = 0; k < n; ++k) {
-            const Exact w = unit_root(k, n);
-            bool decided = true;
-            allowed.insert(round_nearest<double>(std::fabs(w.re), &decided));
-            allowed.insert(round_nearest<double>(std::fabs(w.im), &decided));
-            ASSERT_TRUE(decided) << "cos and sin of 2 pi " << k << "/" << n;
-        }
-        for (Dir d : {Dir::Forward, Dir::Inverse})
-            for (double c : summarize(record(n, d), n).constants)
-                EXPECT_TRUE(allowed.count(c)) << "length " << n << " " << dir_name(d) << ": " << c
-                                              << " is not the nearest |cos| or |sin| of 2 pi k/" << n;
-    }
-}
-
-// Does some value of the body equal the plain sum of the real parts of
-// these elements?
-bool has_real_sum(const Tape& tape, std::initializer_list<int> elements)
+// Is some value of the tape the plain sum of the real parts of these elements (one stage's
+// transform of the input map)?
+bool has_plain_sum(const Tape& tape, const std::vector<int>& elements)
 {
     std::bitset<128> wanted;
     for (int e : elements) wanted.set(size_t(2 * e));
-    for (const std::bitset<128>& s : plain_sums(tape))
-        if (s == wanted) return true;
+    std::vector<std::bitset<128>> sums(tape.size());  // the input slots each value sums
+    for (size_t i = 0; i < tape.size(); ++i) {
+        const Step& t = tape[i];
+        if (t.op == Op::Input) sums[i].set(size_t(t.slot));
+        if (t.op == Op::Add && sums[t.a].any() && sums[t.b].any() && (sums[t.a] & sums[t.b]).none())
+            sums[i] = sums[t.a] | sums[t.b];
+        if (sums[i] == wanted) return true;
+    }
     return false;
 }
 
-// The input maps, seen in the first stage's sums: for 12 (4 by 3) the four
-// elements 0, 3, 6, 9 form one 4-point transform; for 26 (13 by 2) the even
-// elements are one 13-point stage; for 10 (2 by 5) the butterflies come
-// first; 30 runs its 5-point transforms first, 15 its 3-point ones.
-TEST(ComplexBody, InputMapsFormTheStageSumsOfTheTable)
+// Is X[0] (slot 0 or 1) the sum of the other elements with x[0] added last?
+bool x0_added_last(const Tape& tape, int slot)
 {
-    struct Case {
-        int n;
-        std::initializer_list<int> elements;
-    };
-    const Case cases[] = {
-        {12, {0, 3, 6, 9}},
-        {26, {0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24}},
-        {10, {0, 5}},
-        {30, {0, 6, 12, 18, 24}},
-        {15, {0, 5, 10}},
-    };
-    for (const Case& c : cases)
-        for (Dir d : {Dir::Forward, Dir::Inverse})
-            EXPECT_TRUE(has_real_sum(record(c.n, d), c.elements))
-                << "length " << c.n << " " << dir_name(d) << ": no stage value is the sum of its elements";
+    int stored = -1;
+    for (const Step& s : tape)
+        if (s.op == Op::Store && s.slot == slot) stored = s.a;
+    const Step& product = tape.at(stored);
+    const Step& last = tape[tape[product.a].op == Op::Scale ? product.b : product.a];
+    const auto reads = [&](int p) { return tape[p].op == Op::Input && tape[p].slot == slot; };
+    return last.op == Op::Add && reads(last.a) != reads(last.b) && tape[reads(last.a) ? last.b : last.a].op != Op::Input;
 }
 
-// X[0] of a prime length is the sum of the other elements with x[0] added
-// last, in both parts.
-TEST(ComplexBody, PrimeLengthsAddX0Last)
+// The input maps of the table, seen in the first stage's sums: for 12 (4 by 3) the elements 0, 3,
+// 6, 9 form one 4-point transform; for 26 (13 by 2) the even elements one 13-point stage; 10 (2 by
+// 5) runs its butterflies first, 30 its 5-point transforms, 15 its 3-point ones.
+const std::map<int, std::vector<int>> kStageSums = {
+    {12, {0, 3, 6, 9}}, {26, {0, 2, 4, 6, 8, 10, 12, 14, 16, 18, 20, 22, 24}},
+    {10, {0, 5}}, {30, {0, 6, 12, 18, 24}}, {15, {0, 5, 10}}};
+
+TEST(ComplexBody, EveryBody)
 {
-    for (int n = 3; n <= kMaxLength; ++n) {
-        if (!is_prime(n)) continue;
-        for (Dir d : {Dir::Forward, Dir::Inverse}) {
-            const Tape tape = record(n, d);
-            for (int slot : {0, 1}) {
-                int stored = -1;
-                for (const Step& s : tape)
-                    if (s.op == Op::Store && s.slot == slot) stored = s.a;
-                ASSERT_GE(stored, 0);
-                const Step& product = tape[stored];
-                const Step& last = tape[tape[product.a].op == Op::Scale ? product.b : product.a];
-                const auto reads = [&](int p, int want) { return tape[p].op == Op::Input && tape[p].slot == want; };
-                EXPECT_TRUE(last.op == Op::Add && (reads(last.a, slot) != reads(last.b, slot)) &&
-                            tape[reads(last.a, slot) ? last.b : last.a].op != Op::Input)
-                    << "length " << n << " " << dir_name(d) << ", slot " << slot
-                    << " of X[0] is not (sum of the rest) + x[0]";
-            }
+    const auto manifest = read_manifest();
+    ASSERT_EQ(manifest.size(), 126u) << ZPTG_COMPLEX_MANIFEST;
+    for (int n = 2; n <= 64; ++n) {
+        bool rader = false;
+        for (int p = 11; p <= n; ++p) rader = rader || (is_prime(p) && n % p == 0);
+        std::set<double> nearest;
+        for (int k = 0; k < n; ++k) {
+            nearest.insert(rounded<double>(std::fabs(cos_pi(2 * k, n))));
+            nearest.insert(rounded<double>(std::fabs(sin_pi(2 * k, n))));
+        }
+        Counts forward{};
+        for (const char* dir : {"forward", "inverse"}) {
+            SCOPED_TRACE(std::to_string(n) + " " + dir);
+            const Tape tape = record(n, dir[0] == 'f');
+            const Summary s = summarize(tape, n);
+            EXPECT_EQ(s.fault, "");
+            for (int c = 0; c < 4; ++c) EXPECT_LE(s.counts[c], kTable[n - 2][c]) << "column " << c;
+            if (dir[0] == 'f') forward = s.counts;
+            EXPECT_EQ(s.counts, forward) << "against the forward body";
+            EXPECT_EQ(s.counts, manifest.at({n, dir})) << "against the manifest";
+            for (double c : s.constants)
+                EXPECT_TRUE(rader || nearest.count(c)) << c << " is not a nearest |cos| or |sin| of 2 pi k/" << n;
+            EXPECT_TRUE(!kStageSums.count(n) || has_plain_sum(tape, kStageSums.at(n))) << "not the stage order";
+            EXPECT_TRUE(n < 3 || !is_prime(n) || (x0_added_last(tape, 0) && x0_added_last(tape, 1)))
+                << "X[0] is not (sum of the rest) + x[0]";
         }
     }
 }

@@ -1,0 +1,131 @@
+#!/usr/bin/env python3
+"""Plants known faults, one at a time, in a scratch copy of the tree and
+records which tests fail on each: the test suite must fail on every one.
+
+    scripts/plant_faults.py <scratch tree> <its configured build dir> [fault ...]
+
+The scratch tree is a copy of the sources (never the work tree itself: each
+fault is an edit of a source file, undone after its run). Each fault is one
+textual replacement; the build is rebuilt and the suite run with ctest, all
+of it for a fault in the DCT-IV; for any other, the DCT-IV's long accuracy
+tests (minutes under an emulator) are left out. Prints one line per fault:
+its name, the file, and the failed tests.
+"""
+import os
+import re
+import subprocess
+import sys
+
+# name, file, text, replacement, configuration ("" for any)
+FAULTS = [
+    ("wrong constant: a twiddle of forward_16 one unit off", "generator/core/emit.cpp",
+     '<< "(" << double_literal(double(g.constants()[n.constant]))',
+     '<< "(" << double_literal(name == "forward_16" && constant_name.size() == 2 '
+     '? __builtin_nextafter(double(g.constants()[n.constant]), 2.0) : double(g.constants()[n.constant]))', ""),
+    ("moved read: the last read of forward_30 after the first stores", "generator/core/emit.cpp",
+     r'''        text_ << "    const T x" << input << " = in(" << input << ");\n";
+        if (unread_ == 0) {''',
+     r'''        if (unread_ == 0 && moved_read) {
+            for (const auto& [k, value] : waiting_) write_store(k, value);
+            waiting_.clear();
+        }
+        text_ << "    const T x" << input << " = in(" << input << ");\n";
+        if (unread_ == 0) {''', ""),
+    ("swapped stores: outputs 2 and 4 of forward_20", "generator/core/emit.cpp",
+     '        text_ << "    out(" << k << ", s * "',
+     '        text_ << "    out(" << (swap_stores && (k == 2 || k == 4) ? 6 - k : k) << ", s * "', ""),
+    ("missing store: output 5 of forward_20", "generator/core/emit.cpp",
+     r'''        text_ << "    out(" << k << ", s * " << value << ");\n";''',
+     r'''        if (!(swap_stores && k == 5)) text_ << "    out(" << k << ", s * " << value << ");\n";''', ""),
+    ("wrong rule choice: length 10 as 5 x 2 instead of 2 x 5", "generator/rules/table.cpp",
+     "t[10] = gt(10, 2, 5);", "t[10] = gt(10, 5, 2);", ""),
+    ("wrong scale constant: 1/sqrt(7) of 64fc the nearest value", "generator/core/number.cpp",
+     "    return 1.0 / root;", "    return n == 7 ? double(1.0L / std::sqrt(7.0L)) : 1.0 / root;", ""),
+    ("wrong scale constant: 1/sqrt(2) of the 64f Walsh-Hadamard kernel of order 1", "src/wht/scale.h",
+     "static constexpr Bits by_sqrt_n[] = {0x3FE6A09E667F3BCC,",
+     "static constexpr Bits by_sqrt_n[] = {0x3FE6A09E667F3BCD,", ""),
+    ("blocked path one block short: the last group of the three-pass orders", "src/wht/passes.h",
+     "    for (int g = 0; g < n / group; ++g) {", "    for (int g = 0; g < n / group - 1; ++g) {", ""),
+    ("blocked path one block short: the root's row blocks (SSE arithmetic only)", "src/dct4/compute_env.cpp",
+     "    for (int32_t k0 = 0; k0 < rows; k0 += B) {", "    for (int32_t k0 = 0; k0 + B < rows; k0 += B) {", "native"),
+    ("wrong status order: the Walsh-Hadamard flag before dst", "src/wht/scale.h",
+     "    if (dst == nullptr) return zptgStatusNullPtr;\n    if (flag == zptgScaleNone) {",
+     "    if (dst == nullptr && (flag == 1 || flag == 2 || flag == 4 || flag == 8)) return zptgStatusNullPtr;\n"
+     "    if (dst == nullptr) return zptgStatusBadFlag;\n    if (flag == zptgScaleNone) {", ""),
+    ("wrong status order: DCT-IV Init tests the buffer after planning", "src/dct4/interface.cpp",
+     "    if (pBuffer == nullptr) return zptgStatusNullPtr;\n", "", ""),
+    ("write one past the end: the Walsh-Hadamard scratch buffer", "src/wht/blocked.cpp",
+     "    blocked_passes<Order>(src, dst, buffer, factor);",
+     "    blocked_passes<Order>(src, dst, buffer, factor);\n    buffer[scratch_elements(Order)] = factor;", ""),
+    ("DCT-IV size-table entry off by one: the direct rule of 8 at 9", "src/dct4/plan_common.h",
+     "    1, 0, 2, 0, 0, 0, 3, 0, 0, 0,", "    1, 0, 2, 0, 0, 0, 0, 3, 0, 0,", ""),
+]
+
+# Minutes under an emulator, and blind to faults outside the DCT-IV.
+LONG_DCT4_TESTS = "EveryOutputOfPowersOfTwo|LengthsNineTo16385|BlockedRows|ReferencesAgree"
+
+# Helpers some faults need in the file they edit.
+PRELUDE = {
+    "generator/core/emit.cpp": (
+        "class BodyText {",
+        "bool moved_read = false, swap_stores = false;  // planted\n\nclass BodyText {",
+        "    BodyText body(g);",
+        '    moved_read = name == "forward_30";\n    swap_stores = name == "forward_20";\n    BodyText body(g);'),
+}
+
+
+def failed_tests(log):
+    """The tests that ctest's log lists as failed, typed tests with their kind."""
+    failed = re.findall(r"^\s*\d+ - (.*) \([^()]*\)\s*$", open(log).read(), re.M)
+    failed = [re.sub(r"<\w+/(\w+)\..*>", r" (\1)", f) for f in failed]
+    return ", ".join(failed) if failed else "NOT CAUGHT"
+
+
+def run(cmd, log):
+    with open(log, "w") as out:
+        return subprocess.call(cmd, stdout=out, stderr=subprocess.STDOUT)
+
+
+def main():
+    tree, build = sys.argv[1], sys.argv[2]
+    wanted = sys.argv[3:]
+    cache = open(os.path.join(build, "CMakeCache.txt")).read()
+    config = re.search(r"^ZPTG_TARGET:\w+=(\w+)", cache, re.M).group(1)
+    results = []
+    for name, path, text, replacement, only in FAULTS:
+        if wanted and not any(w in name for w in wanted):
+            continue
+        if only and only != config:
+            results.append((name, path, "not run: %s configuration only" % only))
+            continue
+        full = os.path.join(tree, path)
+        original = open(full).read()
+        if original.count(text) != 1:
+            results.append((name, path, "NOT PLANTED: the text is not in the file once"))
+            print("%s | %s | %s" % results[-1], flush=True)
+            continue
+        planted = original.replace(text, replacement)
+        if path in PRELUDE:
+            a, b, c, d = PRELUDE[path]
+            planted = planted.replace(a, b, 1).replace(c, d, 1)
+        open(full, "w").write(planted)
+        try:
+            tag = re.sub(r"\W+", "_", name)[:40]
+            if run(["cmake", "--build", build, "-j2"], os.path.join(build, "fault_%s.build.log" % tag)):
+                results.append((name, path, "BUILD FAILED"))
+                print("%s | %s | %s" % results[-1], flush=True)
+                continue
+            log = os.path.join(build, "fault_%s.test.log" % tag)
+            skip = [] if path.startswith("src/dct4") else ["-E", LONG_DCT4_TESTS]
+            run(["ctest", "--test-dir", build, "-j2", "--timeout", "900"] + skip, log)
+            results.append((name, path, failed_tests(log)))
+        finally:
+            open(full, "w").write(original)
+        print("%s | %s | %s" % results[-1], flush=True)
+    print("\nfault | file | failed tests")
+    for r in results:
+        print("%s | %s | %s" % r)
+
+
+if __name__ == "__main__":
+    main()
