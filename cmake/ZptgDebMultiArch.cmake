@@ -10,7 +10,7 @@ foreach(package IN LISTS CPACK_PACKAGE_FILES)
   endif()
   file(READ "${tree}/DEBIAN/control" control)
   if(NOT control MATCHES "\nMulti-Arch:")
-    string(REGEX REPLACE "\n$" "" control "${control}")
+    string(STRIP "${control}" control)
     file(WRITE "${tree}/DEBIAN/control" "${control}\nMulti-Arch: same\n")
   endif()
   execute_process(COMMAND dpkg-deb --root-owner-group -b "${tree}" "${package}"
