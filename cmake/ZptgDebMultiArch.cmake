@@ -13,7 +13,7 @@ foreach(package IN LISTS CPACK_PACKAGE_FILES)
     string(STRIP "${control}" control)
     file(WRITE "${tree}/DEBIAN/control" "${control}\nMulti-Arch: same\n")
   endif()
-  execute_process(COMMAND dpkg-deb --root-owner-group -b "${tree}" "${package}"
+  execute_process(COMMAND dpkg-deb --root-owner-group -Zgzip -b "${tree}" "${package}"
       OUTPUT_QUIET RESULT_VARIABLE failed)
   if(failed)
     message(FATAL_ERROR "dpkg-deb -b ${package} failed")

@@ -69,4 +69,6 @@ set(ZPTG_CORE_PACKAGE [[${CPACK_DEBIAN_CORE_PACKAGE_NAME} (= ${deb_version})]])
 set(CPACK_ZPTG_PACKAGED_LIBRARIES "${PROJECT_BINARY_DIR}/install/packaged_libraries.cmake")
 set(CPACK_PROJECT_CONFIG_FILE "${CMAKE_CURRENT_LIST_DIR}/ZptgPackageConfig.cmake")
 set(CPACK_POST_BUILD_SCRIPTS "${CMAKE_CURRENT_LIST_DIR}/ZptgDebMultiArch.cmake")
+# That script compresses the package anew (gzip: xz takes seconds).
+set(CPACK_DEBIAN_COMPRESSION_TYPE none)
 include(CPack)
