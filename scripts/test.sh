@@ -38,12 +38,16 @@ check_packages() {
     echo "=== packages of both builds, side by side"
     mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/triggers"
     touch "$root/var/lib/dpkg/status"
+    # Without Multi-Arch: same the second architecture would replace the
+    # first, and fewer than six packages would end up installed.
+    local installed
     $sudo dpkg --root="$root" --add-architecture i386 &&
         $sudo dpkg --root="$root" --force-depends -i \
             "$out"/i386/tests/install/deb/debs/*.deb "$out"/native/tests/install/deb/debs/*.deb \
             >"$out/dpkg-root.log" 2>&1 &&
-        $sudo dpkg --root="$root" -l 'libzpt*' | grep '^ii' ||
-        { cat "$out/dpkg-root.log"; status=1; }
+        installed=$(dpkg --root="$root" -l 'libzpt*' | grep '^ii') &&
+        echo "$installed" && [ "$(echo "$installed" | wc -l)" -eq 6 ] ||
+        { cat "$out/dpkg-root.log"; echo "packages: side by side install FAILED"; status=1; }
 }
 
 run_suite i386 -DZPTG_TARGET=i386 -DCMAKE_CROSSCOMPILING_EMULATOR="$ZPTG_EMULATOR"
