@@ -16,16 +16,17 @@ set(ZPTG_CMAKE_PACKAGE_DIR "${CMAKE_INSTALL_LIBDIR}/cmake/zptgenpx")
 
 # The pkg-config file is written at install time, so that it names the
 # prefix actually installed to (`cmake --install --prefix`, or /usr when the
-# Debian packages are made).
+# Debian packages are made); one file per destination, since two installs
+# of one build may run at once.
 install(CODE "
   set(prefix \"\${CMAKE_INSTALL_PREFIX}\")
   set(libdir \"${CMAKE_INSTALL_LIBDIR}\")
   set(includedir \"${CMAKE_INSTALL_INCLUDEDIR}\")
   set(version \"${PROJECT_VERSION}\")
-  configure_file(\"${CMAKE_CURRENT_LIST_DIR}/zptgenpx.pc.in\"
-                 \"${PROJECT_BINARY_DIR}/install/zptgenpx.pc\" @ONLY)
-  file(INSTALL \"${PROJECT_BINARY_DIR}/install/zptgenpx.pc\"
-       DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig\")
+  string(MD5 destination \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}\")
+  set(pc \"${PROJECT_BINARY_DIR}/install/\${destination}/zptgenpx.pc\")
+  configure_file(\"${CMAKE_CURRENT_LIST_DIR}/zptgenpx.pc.in\" \"\${pc}\" @ONLY)
+  file(INSTALL \"\${pc}\" DESTINATION \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/pkgconfig\")
 " COMPONENT dev)
 
 # The soname carries major and minor: 6.1 serves callers that ask for 6.1.
