@@ -13,8 +13,17 @@ if(ZPTG_TARGET STREQUAL "i386")
   add_compile_options(${ZPTG_ARCH_FLAGS})
   add_link_options(-m32)
   set(ZPTG_BITS 32)
+  # The compilers were probed without -m32: what CMake derives from the
+  # pointer width (the package version file's architecture check, among
+  # others) must see the target's.
+  set(CMAKE_SIZEOF_VOID_P 4)
+  set(ZPTG_MULTIARCH i386-linux-gnu)
+  set(ZPTG_DEB_ARCH i386)
 else()
   set(ZPTG_BITS 64)
+  set(ZPTG_MULTIARCH "${CMAKE_LIBRARY_ARCHITECTURE}")
+  execute_process(COMMAND dpkg --print-architecture OUTPUT_VARIABLE ZPTG_DEB_ARCH
+      OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 endif()
 
 if(ZPTG_SANITIZE)

@@ -20,7 +20,7 @@ zptg_install() {
 }
 
 zptg_install_build_deps() {
-    zptg_install cmake make g++ g++-multilib googletest binutils
+    zptg_install cmake make g++ g++-multilib googletest binutils pkgconf doxygen
 }
 
 # Sets ZPTG_EMULATOR to "" where 32-bit programs run natively, or to the

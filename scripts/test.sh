@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
 # Runs the whole test suite from scratch: the 32-bit build (the default
 # target), the native x86-64 build, and the native build under
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# AddressSanitizer and UndefinedBehaviorSanitizer. Each suite also installs
+# its build and its Debian packages into scratch prefixes and builds a
+# consumer against them, runs the examples and builds the documentation;
+# then the packages of both architectures are installed side by side.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -25,7 +28,30 @@ run_suite() {
     echo "=== $name: tests took $((SECONDS - start)) s"
 }
 
+# The i386 and amd64 packages that the two suites made (their install_deb
+# tests) install side by side into one scratch dpkg root: both
+# architectures' runtime and -dev packages are Multi-Arch: same. The root
+# has no libc6, hence --force-depends.
+check_packages() {
+    local root=$out/dpkg-root sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    echo "=== packages of both builds, side by side"
+    mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates" "$root/var/lib/dpkg/triggers"
+    touch "$root/var/lib/dpkg/status"
+    # Without Multi-Arch: same the second architecture would replace the
+    # first, and fewer than six packages would end up installed.
+    local installed
+    $sudo dpkg --root="$root" --add-architecture i386 &&
+        $sudo dpkg --root="$root" --force-depends -i \
+            "$out"/i386/tests/install/deb/debs/*.deb "$out"/native/tests/install/deb/debs/*.deb \
+            >"$out/dpkg-root.log" 2>&1 &&
+        installed=$(dpkg --root="$root" -l 'libzpt*' | grep '^ii') &&
+        echo "$installed" && [ "$(echo "$installed" | wc -l)" -eq 6 ] ||
+        { cat "$out/dpkg-root.log"; echo "packages: side by side install FAILED"; status=1; }
+}
+
 run_suite i386 -DZPTG_TARGET=i386 -DCMAKE_CROSSCOMPILING_EMULATOR="$ZPTG_EMULATOR"
 run_suite native -DZPTG_TARGET=native
+check_packages
 run_suite sanitize -DZPTG_TARGET=native -DZPTG_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo
 exit $status
