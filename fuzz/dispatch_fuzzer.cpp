@@ -116,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t bytes)
     int buffer_bytes = 0;
     if (own_buffer && t.takes_buffer(size))
         (t.width == 4 ? zptgWHTGetBufferSize_32f : zptgWHTGetBufferSize_64f)(size, &buffer_bytes);
-    Block buffer(std::size_t(buffer_bytes));
+    Block buffer{std::size_t(buffer_bytes)};
     void* scratch = own_buffer ? buffer.p : nullptr;
 
     // What the named kernel gives on separate arrays.
