@@ -16,8 +16,8 @@ zptg_install clang libclang-rt-14-dev
 root=${ZPTG_BUILD_ROOT:-$ZPTG_ROOT/build}
 dir=$root/fuzz
 start=$SECONDS
-CC=clang CXX=clang++ zptg_configure "$dir" -DZPTG_TARGET=native -DZPTG_SANITIZE=address,undefined \
-    -DZPTG_FUZZ=ON -DZPTG_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo
+zptg_configure "$dir" -DZPTG_TARGET=native -DZPTG_SANITIZE=address,undefined -DZPTG_FUZZ=ON \
+    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DZPTG_TESTS=OFF -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build "$dir" -j "$ZPTG_JOBS" --target dispatch_fuzzer dct4_fuzzer
 echo "=== fuzz: built in $((SECONDS - start)) s"
 for name in dispatch dct4; do

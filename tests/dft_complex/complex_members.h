@@ -5,6 +5,8 @@
 #ifndef ZPTG_TESTS_DFT_COMPLEX_COMPLEX_MEMBERS_H
 #define ZPTG_TESTS_DFT_COMPLEX_COMPLEX_MEMBERS_H
 
+#include <initializer_list>
+
 #include "zptgenpx.h"
 
 namespace zptg::test {
