@@ -1,11 +1,11 @@
 #include "support/export_list.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <cctype>
+#include <cstdint>
 #include <cstring>
-
-#include "frame/elf_file.h"
 
 namespace zptg::test {
 namespace {
@@ -118,23 +118,61 @@ zptgStatus Transform::call(const void* src, void* dst, int size, int flag, void*
                       : call_typed<zptg64f>(*this, src, dst, size, flag, buffer);
 }
 
+namespace {
+
+// The names that the loaded object holding `address` exports, read from its
+// dynamic symbol table through its GNU hash table (the table's chains give
+// the symbol count).
+bool exported_names(const void* address, std::vector<std::string>* names)
+{
+    Dl_info info{};
+    link_map* map = nullptr;
+    if (dladdr(address, &info) == 0) return false;
+    void* handle = dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD);
+    if (handle == nullptr) return false;
+    const bool found = dlinfo(handle, RTLD_DI_LINKMAP, &map) == 0;
+    dlclose(handle);
+    if (!found) return false;
+    const ElfW(Sym)* symbols = nullptr;
+    const char* strings = nullptr;
+    const uint32_t* gnu_hash = nullptr;
+    // The loader has made most of these addresses absolute; any that is
+    // not is relative to the object's base.
+    const auto at = [map](ElfW(Addr) p) { return p < map->l_addr ? p + map->l_addr : p; };
+    for (const ElfW(Dyn)* d = map->l_ld; d->d_tag != DT_NULL; ++d) {
+        if (d->d_tag == DT_SYMTAB) symbols = reinterpret_cast<const ElfW(Sym)*>(at(d->d_un.d_ptr));
+        if (d->d_tag == DT_STRTAB) strings = reinterpret_cast<const char*>(at(d->d_un.d_ptr));
+        if (d->d_tag == DT_GNU_HASH) gnu_hash = reinterpret_cast<const uint32_t*>(at(d->d_un.d_ptr));
+    }
+    if (symbols == nullptr || strings == nullptr || gnu_hash == nullptr) return false;
+    const uint32_t buckets = gnu_hash[0], first = gnu_hash[1], bloom_words = gnu_hash[2];
+    const uint32_t* bucket = gnu_hash + 4 + bloom_words * (sizeof(ElfW(Addr)) / 4);
+    const uint32_t* chain = bucket + buckets;
+    uint32_t count = first;
+    for (uint32_t b = 0; b < buckets; ++b)
+        if (bucket[b] >= count) count = bucket[b] + 1;
+    while (count > first && (chain[count - 1 - first] & 1u) == 0) ++count;
+    for (uint32_t i = first; i < count; ++i)
+        if (symbols[i].st_shndx != SHN_UNDEF && (symbols[i].st_info & 0xf) == STT_FUNC &&
+            (symbols[i].st_info >> 4) != STB_LOCAL)
+            names->push_back(strings + symbols[i].st_name);
+    return true;
+}
+
+}  // namespace
+
 std::vector<Transform> exported_transforms(std::vector<std::string>* unknown)
 {
     std::vector<Transform> out;
-    Dl_info info{};
-    ElfFile elf;
-    std::string error;
-    if (dladdr(reinterpret_cast<void*>(&zptgenGetLibVersion), &info) == 0 ||
-        !elf.load(info.dli_fname, &error)) {
-        unknown->push_back("cannot read the library's export list: " + error);
+    std::vector<std::string> names;
+    if (!exported_names(reinterpret_cast<void*>(&zptgenGetLibVersion), &names)) {
+        unknown->push_back("the library's export list cannot be read");
         return out;
     }
-    constexpr unsigned kSttFunc = 2, kStbLocal = 0;
-    for (const ElfSymbol& s : elf.dynamic_symbols) {
-        if (s.section == 0 || s.binding == kStbLocal || s.type != kSttFunc) continue;
+    for (const std::string& name : names) {
         Transform t{};
-        if (parse(s.name, &t)) {
-            t.address = dlsym(RTLD_DEFAULT, s.name.c_str());
+        if (parse(name, &t)) {
+            t.address = dlsym(RTLD_DEFAULT, name.c_str());
             if (t.address != nullptr) {
                 out.push_back(t);
                 continue;
@@ -142,8 +180,8 @@ std::vector<Transform> exported_transforms(std::vector<std::string>* unknown)
         }
         bool other = false;
         for (const char* prefix : kOtherPrefixes)
-            other = other || s.name.rfind(prefix, 0) == 0;
-        if (!other) unknown->push_back(s.name);
+            other = other || name.rfind(prefix, 0) == 0;
+        if (!other) unknown->push_back(name);
     }
     return out;
 }

@@ -18,6 +18,7 @@
 #include <cstring>
 #include <limits>
 #include <map>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -146,6 +147,25 @@ Guards& guards()
 {
     static Guards g;
     return g;
+}
+
+// The export list as read holds every transform that the header declares
+// (the real and Hartley families join the sweep by their exported names).
+#define ZPTG_SWEEP_KERNEL_(stem, kind, type, N) #stem "_" #N "_" #kind,
+#define ZPTG_SWEEP_DISPATCHER_(stem, kind, type) #stem "_" #kind,
+#define ZPTG_SWEEP_WHT_KERNEL_(kind, type, order) "zptgWHT_" #order "_" #kind,
+#define ZPTG_SWEEP_WHT_DISPATCHER_(kind, type) "zptgWHT_" #kind,
+#define ZPTG_SWEEP_NONE_(kind)
+TEST(GuardSweep, ExportListHoldsEveryDeclaredTransform)
+{
+    const char* const declared[] = {
+        ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_SWEEP_KERNEL_, ZPTG_SWEEP_DISPATCHER_)
+        ZPTG_WHT_FUNCTIONS(ZPTG_SWEEP_WHT_KERNEL_, ZPTG_SWEEP_WHT_KERNEL_, ZPTG_SWEEP_WHT_DISPATCHER_,
+                           ZPTG_SWEEP_NONE_)};
+    std::set<std::string> read;
+    for (const Transform& t : library().transforms) read.insert(t.name);
+    for (const char* name : declared) EXPECT_EQ(read.count(name), 1u) << name;
+    EXPECT_TRUE(library().unknown.empty()) << library().unknown.front();
 }
 
 TEST(GuardSweep, FailedChecksTouchNothing)
