@@ -26,20 +26,44 @@ else()
       OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 endif()
 
+# Sanitizers (native only): address,undefined for memory faults and
+# undefined behaviour, or thread for data races between calls.
 if(ZPTG_SANITIZE)
   if(NOT ZPTG_TARGET STREQUAL "native")
     message(FATAL_ERROR "ZPTG_SANITIZE needs ZPTG_TARGET=native")
   endif()
-  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  add_link_options(-fsanitize=address,undefined)
+  if(ZPTG_SANITIZE STREQUAL "ON")
+    set(ZPTG_SANITIZE "address,undefined")
+  endif()
+  if(NOT ZPTG_SANITIZE MATCHES "^(address,undefined|thread)$")
+    message(FATAL_ERROR "ZPTG_SANITIZE must be address,undefined or thread, not '${ZPTG_SANITIZE}'")
+  endif()
+  add_compile_options(-fsanitize=${ZPTG_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ZPTG_SANITIZE})
+  # clang's check of indirect call types reports through its C++ runtime,
+  # which C programs (demo, C caller) do not link; the dispatchers' tables
+  # are typed by the compiler anyway.
+  add_compile_options($<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>)
 endif()
+
+# The fuzzers need clang's libFuzzer and AddressSanitizer; the library is
+# then compiled with the fuzzer's coverage instrumentation.
+if(ZPTG_FUZZ AND NOT (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND ZPTG_SANITIZE STREQUAL "address,undefined"))
+  message(FATAL_ERROR "ZPTG_FUZZ needs clang and ZPTG_SANITIZE=address,undefined")
+endif()
+
+# GCC tracks where every value of a long straight-line kernel lives when it
+# writes debug information, which takes minutes and gigabytes on the largest
+# kernels; clang has no such pass.
+set(ZPTG_NO_VAR_TRACKING $<$<CXX_COMPILER_ID:GNU>:-fno-var-tracking-assignments>)
 
 # Code that goes into the shipped library: no exceptions, no RTTI, nothing
 # exported unless marked, no dependence on the C++ runtime.
 set(ZPTG_LIB_FLAGS
     ${ZPTG_WARNINGS}
     $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti -fno-threadsafe-statics>
-    -fvisibility=hidden -fno-plt)
+    -fvisibility=hidden -fno-plt
+    $<$<BOOL:${ZPTG_FUZZ}>:-fsanitize=fuzzer-no-link>)
 
 # zptg_add_family(<name> <sources>...): an object library for one family of
 # the shipped library, compiled with the library's settings. Its objects go

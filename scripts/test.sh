@@ -1,14 +1,18 @@
 #!/usr/bin/env bash
 # Runs the whole test suite from scratch: the 32-bit build (the default
-# target), the native x86-64 build, and the native build under
-# AddressSanitizer and UndefinedBehaviorSanitizer. Each suite also installs
-# its build and its Debian packages into scratch prefixes and builds a
-# consumer against them, runs the examples and builds the documentation;
-# then the packages of both architectures are installed side by side.
+# target), the native x86-64 build, and the native build with clang under
+# AddressSanitizer and UndefinedBehaviorSanitizer, which also runs each
+# fuzzer for a short while (scripts/fuzz.sh runs them longer, and
+# scripts/tsan.sh runs the threads test under ThreadSanitizer). Each suite
+# also installs its build and its Debian packages into scratch prefixes and
+# builds a consumer against them, runs the examples and builds the
+# documentation; then the packages of both architectures are installed side
+# by side.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
 zptg_install_build_deps
+zptg_install clang libclang-rt-14-dev
 zptg_probe_i386
 
 out=${ZPTG_BUILD_ROOT:-$ZPTG_ROOT/build/test}
@@ -53,5 +57,6 @@ check_packages() {
 run_suite i386 -DZPTG_TARGET=i386 -DCMAKE_CROSSCOMPILING_EMULATOR="$ZPTG_EMULATOR"
 run_suite native -DZPTG_TARGET=native
 check_packages
-run_suite sanitize -DZPTG_TARGET=native -DZPTG_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo
+run_suite sanitize -DZPTG_TARGET=native -DZPTG_SANITIZE=address,undefined -DZPTG_FUZZ=ON \
+    -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo
 exit $status
