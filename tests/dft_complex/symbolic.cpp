@@ -39,10 +39,9 @@ void SymbolOut::operator()(int slot, Symbol value) const
 
 void SymbolOut::zero(int slot) const { SymbolAccess::append({Op::Zero, -1, -1, slot}); }
 
-Tape record(int n, Dir d)
+Tape record(SymbolicBody body)
 {
-    const SymbolicBody body = symbolic_body(n, d);
-    if (body == nullptr) throw std::logic_error("no body of length " + std::to_string(n));
+    if (body == nullptr) throw std::logic_error("no such body");
     Tape tape;
     recording = &tape;
     const Symbol s = Symbol::scale();

@@ -60,8 +60,10 @@ using SymbolicBody = void (*)(const SymbolIn&, const SymbolOut&, Symbol);
 // The body of length n and direction d, instantiated with Symbol.
 SymbolicBody symbolic_body(int n, Dir d);
 
-// Runs that body with a fresh scale symbol and returns its tape. The first
+// Runs a body with a fresh scale symbol and returns its tape. The first
 // step of every tape is the scale, made before the body starts.
+Tape record(SymbolicBody body);
+// The tape of the complex body of length n and direction d.
 Tape record(int n, Dir d);
 
 }  // namespace zptg::test

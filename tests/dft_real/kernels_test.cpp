@@ -19,11 +19,11 @@
 #include <string>
 #include <vector>
 
+#include "dft_real/layouts.h"
 #include "zptgenpx.h"
 
+namespace zptg::test {
 namespace {
-
-enum class Shape { CCS, Pack, Perm, Hartley };
 
 struct Entry {
     std::string stem;
@@ -48,25 +48,28 @@ Shape shape_of(const Entry& e)
 bool inverse(const Entry& e) { return has(e.stem, "Inv"); }
 std::string name(const Entry& e)
 {
-    return e.stem + (e.n ? "_" + std::to_string(e.n) : std::string()) + "_" + e.kind;
+    std::string s = e.stem;
+    if (e.n != 0) s.append("_").append(std::to_string(e.n));
+    return s.append("_").append(e.kind);
 }
 
-// The length of the packed side of a transform of length n.
-int packed_size(Shape s, int n) { return s == Shape::CCS ? 2 * (n / 2 + 1) : n; }
-
-// The position of Re X[k] (im: Im X[k]) in the layout, -1 for none.
-int position(Shape s, int n, int k, bool im)
+// cos and sin of 2 pi a / n, from a table of each length's n roots.
+long double root(long long a, int n, bool sine)
 {
-    const bool edge = k == 0 || 2 * k == n;
-    if (im && edge) return -1;
-    if (s == Shape::CCS || (s == Shape::Perm && n % 2 == 0 && !edge)) return 2 * k + im;
-    if (k == 0) return 0;
-    if (2 * k == n) return s == Shape::Perm ? 1 : n - 1;
-    return im ? 2 * k : 2 * k - 1;
+    static const auto table = [] {
+        std::vector<std::vector<long double>> t(2 * 65);
+        const long double pi = 3.14159265358979323846264338327950288L;
+        for (int m = 1; m <= 64; ++m)
+            for (int j = 0; j < m; ++j) {
+                t[2 * m].push_back(std::cos(2 * pi * j / m));
+                t[2 * m + 1].push_back(std::sin(2 * pi * j / m));
+            }
+        return t;
+    }();
+    return table[2 * n + sine][a % n];
 }
-
-long double cos2pi(long long a, int n) { return std::cos(2 * 3.14159265358979323846264338327950288L * (a % n) / n); }
-long double sin2pi(long long a, int n) { return std::sin(2 * 3.14159265358979323846264338327950288L * (a % n) / n); }
+long double cos2pi(long long a, int n) { return root(a, n, false); }
+long double sin2pi(long long a, int n) { return root(a, n, true); }
 
 // The factor of a flag: 1/N for the direction it names (both for Hartley).
 long double factor(const Entry& e, int flag)
@@ -170,9 +173,13 @@ void check_kernel(const Entry& e)
             if (!(d <= worst)) worst = d;  // NaN sticks
         }
         EXPECT_LE(worst, tol * largest) << name(e) << " flag " << flag;
-        if (shape_of(e) == Shape::CCS && !inverse(e))
-            for (int p : {1, e.n + 1})
-                if (p < m) EXPECT_TRUE(out[p] == 0 && !std::signbit(out[p])) << name(e) << " position " << p;
+        if (shape_of(e) == Shape::CCS && !inverse(e)) {
+            for (int p : {1, e.n + 1}) {
+                if (p < m) {
+                    EXPECT_TRUE(out[p] == 0 && !std::signbit(out[p])) << name(e) << " position " << p;
+                }
+            }
+        }
         // In place: the same bits.
         std::vector<E> inplace(std::max<size_t>(in.size(), m));
         std::copy(in.begin(), in.end(), inplace.begin());
@@ -288,3 +295,4 @@ TEST(RealAndHartleyKernels, Statuses)
 }
 
 }  // namespace
+}  // namespace zptg::test
