@@ -113,16 +113,9 @@ zptgStatus run(const Entry& e, const E* src, E* dst, int flag)
 template <class E>
 std::vector<E> random_input(const Entry& e, unsigned seed)
 {
-    const int size = inverse(e) ? packed_size(shape_of(e), e.n) : e.n;
-    std::vector<E> v(size);
-    for (E& x : v) {
-        seed = seed * 1664525u + 1013904223u;
-        x = E((long double)(seed >> 8) / (1u << 24) - 0.5L);
-    }
-    if (inverse(e) && shape_of(e) == Shape::CCS) {
-        v[1] = E(NAN);
-        if (e.n % 2 == 0) v[e.n + 1] = E(NAN);
-    }
+    const Reals r = random_values(inverse(e) ? packed_size(shape_of(e), e.n) : e.n, seed);
+    std::vector<E> v(r.begin(), r.end());
+    if (inverse(e) && shape_of(e) == Shape::CCS) v[1] = v[e.n % 2 ? 1 : e.n + 1] = E(NAN);
     return v;
 }
 
