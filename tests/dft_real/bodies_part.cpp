@@ -2,6 +2,7 @@
 #include "dft_real/all_bodies.h"
 #include "dft_real/bodies.h"
 #include "hartley/all_bodies.h"
+#include "zptgenpx.h"
 
 namespace zptg::test {
 
