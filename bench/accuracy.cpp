@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "accuracy.h"
 #include "bench.h"
 #include "complex_members.h"
 #include "report.h"
@@ -14,26 +15,17 @@
 namespace zptg::bench {
 namespace {
 
-using LD = long double;
-
-constexpr int kTrials = 8;
-
 // The exact transform of the given (already rounded) inputs, to long
 // double precision.
 std::vector<LD> exact_dft(const std::vector<LD>& x, int n, int sign)
 {
-    const LD pi = 3.141592653589793238462643383279502884L;
-    std::vector<LD> c(n), s(n);
-    for (int k = 0; k < n; ++k) {
-        c[k] = std::cos(2 * pi * k / n);
-        s[k] = std::sin(2 * pi * k / n);
-    }
+    const UnitRoots w(n);
     std::vector<LD> y(2 * n, 0);
     for (int k = 0; k < n; ++k) {
         LD re = 0, im = 0;
         for (int j = 0; j < n; ++j) {
             const int e = int((long(j) * k) % n);
-            const LD wr = c[e], wi = sign * s[e];
+            const LD wr = w.c[e], wi = sign * w.s[e];
             re += x[2 * j] * wr - x[2 * j + 1] * wi;
             im += x[2 * j] * wi + x[2 * j + 1] * wr;
         }
@@ -42,26 +34,6 @@ std::vector<LD> exact_dft(const std::vector<LD>& x, int n, int sign)
     }
     return y;
 }
-
-struct Error {
-    LD sum_err2 = 0, sum_ref2 = 0, max_err = 0;
-    LD max_rel = 0;  // largest |error| of one output / RMS of that trial's exact output
-    void add(const std::vector<LD>& ref, const std::vector<LD>& got, int n)
-    {
-        LD e2 = 0, r2 = 0, worst = 0;
-        for (int k = 0; k < n; ++k) {
-            const LD dr = got[2 * k] - ref[2 * k], di = got[2 * k + 1] - ref[2 * k + 1];
-            const LD e = std::sqrt(dr * dr + di * di);
-            e2 += e * e;
-            r2 += ref[2 * k] * ref[2 * k] + ref[2 * k + 1] * ref[2 * k + 1];
-            worst = std::max(worst, e);
-        }
-        sum_err2 += e2;
-        sum_ref2 += r2;
-        max_rel = std::max(max_rel, worst / std::sqrt(r2 / n));
-    }
-    double rms() const { return double(std::sqrt(sum_err2 / sum_ref2)); }
-};
 
 template <class E>
 void measure_member(const Settings& s, const ComplexMember<E>& m, Table& table, int& worse)
@@ -99,24 +71,49 @@ void measure_member(const Settings& s, const ComplexMember<E>& m, Table& table, 
                 error->add(ref, got, n);
             }
         }
-        const bool ours_worse = ours.rms() > peer.rms() || ours.rms() > peer_simd.rms();
-        worse += ours_worse;
         table.row();
         table.cell(m.kind);
         table.cell(m.direction);
         table.cell(long(n));
-        table.cell_sci(ours.rms());
-        table.cell_sci(double(ours.max_rel));
-        table.cell_sci(peer.rms());
-        table.cell_sci(double(peer.max_rel));
-        table.cell_sci(peer_simd.rms());
-        table.cell_sci(double(peer_simd.max_rel));
-        table.cell(ours.rms() / peer.rms(), 3);
-        table.cell(ours_worse ? "yes" : "no");
+        accuracy_cells(table, ours, peer, peer_simd, worse);
     }
 }
 
 }  // namespace
+
+std::vector<std::string> accuracy_columns()
+{
+    return {"ours_rms", "ours_max", "fftw_scalar_rms", "fftw_scalar_max", "fftw_simd_rms",
+            "fftw_simd_max", "rms_ours_over_scalar", "ours_worse"};
+}
+
+void accuracy_cells(Table& table, const Error& ours, const Error& peer, const Error& peer_simd,
+                    int& worse)
+{
+    const bool ours_worse = ours.rms() > peer.rms() || ours.rms() > peer_simd.rms();
+    worse += ours_worse;
+    table.cell_sci(ours.rms());
+    table.cell_sci(double(ours.max_rel));
+    table.cell_sci(peer.rms());
+    table.cell_sci(double(peer.max_rel));
+    table.cell_sci(peer_simd.rms());
+    table.cell_sci(double(peer_simd.max_rel));
+    // Both exact (small lengths): as good as each other.
+    table.cell(peer.rms() > 0 || ours.rms() > 0 ? ours.rms() / peer.rms() : 1.0, 3);
+    table.cell(ours_worse ? "yes" : "no");
+}
+
+void accuracy_plot(const std::string& dir, const Table& table, const std::string& name,
+                   const std::vector<std::pair<std::string, std::vector<std::pair<std::string, std::string>>>>& panels)
+{
+    std::vector<Panel> p;
+    for (const auto& [title, f] : panels)
+        p.push_back({title + ": RMS relative error", "N", "error", false, true, 0,
+                     {{"ours", "n", "ours_rms", f},
+                      {"FFTW scalar", "n", "fftw_scalar_rms", f},
+                      {"FFTW SIMD", "n", "fftw_simd_rms", f}}});
+    write_plot(dir, table, name, p, 2);
+}
 
 void bench_complex_accuracy(const Settings& s)
 {
@@ -124,9 +121,7 @@ void bench_complex_accuracy(const Settings& s)
                 "Complex DFT accuracy (" + s.configuration + " build): errors relative to "
                     "the RMS of the exact output, " + std::to_string(kTrials) +
                     " random inputs per row; rms = RMS error, max = largest error of one output",
-                {"kind", "direction", "n", "ours_rms", "ours_max", "fftw_scalar_rms",
-                 "fftw_scalar_max", "fftw_simd_rms", "fftw_simd_max", "rms_ours_over_scalar",
-                 "ours_worse"});
+                join({"kind", "direction", "n"}, accuracy_columns()));
     int worse = 0;
     for (const auto& m : kMembers32) measure_member(s, m, table, worse);
     for (const auto& m : kMembers64) measure_member(s, m, table, worse);
@@ -134,18 +129,11 @@ void bench_complex_accuracy(const Settings& s)
     std::printf("\naccuracy: ours has a larger RMS error than FFTW in %d of the rows above\n",
                 worse);
     table.write(s.out_dir);
-    std::vector<Panel> panels;
+    std::vector<std::pair<std::string, std::vector<std::pair<std::string, std::string>>>> panels;
     for (const char* kind : {"32fc", "64fc"})
-        for (const char* dir : {"forward", "inverse"}) {
-            const std::vector<std::pair<std::string, std::string>> f = {{"kind", kind},
-                                                                       {"direction", dir}};
-            panels.push_back({std::string(kind) + " " + dir + ": RMS relative error", "N",
-                              "error", false, true, 0,
-                              {{"ours", "n", "ours_rms", f},
-                               {"FFTW scalar", "n", "fftw_scalar_rms", f},
-                               {"FFTW SIMD", "n", "fftw_simd_rms", f}}});
-        }
-    write_plot(s.out_dir, table, "accuracy", panels, 2);
+        for (const char* dir : {"forward", "inverse"})
+            panels.push_back({std::string(kind) + " " + dir, {{"kind", kind}, {"direction", dir}}});
+    accuracy_plot(s.out_dir, table, "accuracy", panels);
 }
 
 }  // namespace zptg::bench

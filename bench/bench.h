@@ -15,6 +15,8 @@ struct Settings {
     TimingPlan plan;
     std::string out_dir;       // results folder
     std::string manifest;      // the generator's manifest of the complex kernels
+    std::string real_manifest;     // ... of the real DFT kernels
+    std::string hartley_manifest;  // ... of the Hartley kernels
     std::string configuration; // "i386" (32-bit, x87) or "native" (x86-64)
     double tsc_ghz = 0;        // TSC ticks per ns
     double core_ghz = 0;       // estimated core cycles per ns
@@ -25,6 +27,10 @@ struct Settings {
 void bench_complex(const Settings& s);
 void bench_dispatchers(const Settings& s);
 void bench_complex_accuracy(const Settings& s);
+void bench_real(const Settings& s);
+void bench_real_accuracy(const Settings& s);
+void bench_hartley(const Settings& s);
+void bench_hartley_accuracy(const Settings& s);
 void bench_wht(const Settings& s);
 void bench_dct4(const Settings& s);
 

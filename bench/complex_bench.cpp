@@ -12,22 +12,10 @@
 
 #include "bench.h"
 #include "complex_members.h"
-#include "manifest.h"
-#include "report.h"
+#include "floor.h"
 
 namespace zptg::bench {
 namespace {
-
-struct Totals {
-    double log_sum = 0;
-    double log_sum_simd = 0;
-    double log_sums_ratio = 0;  // ours' additions over FFTW's
-    double log_floor = 0;       // the least ratio our counts allow
-    int floors = 0;
-    int count = 0, faster = 0;
-    double worst = 0;
-    int worst_n = 0;
-};
 
 // One size of one member: its data, FFTW's two plans and the race of ours
 // against them.
@@ -53,76 +41,27 @@ struct Case {
 
 template <class E>
 void report_case(const Settings& s, const Case<E>& k, const Comparison& c,
-                 const Manifest& manifest, Table& table, Totals& totals)
+                 const Manifest& manifest, Table& table, SpeedTotals& totals)
 {
-    using R = RealOf<E>;
-    const int n = k.n;
-    const auto counts = manifest.find({n, k.m.direction});
-    const double cycles = c.subjects[0].ns * s.core_ghz;
     table.row();
     table.cell(k.m.kind);
     table.cell(k.m.direction);
-    table.cell(long(n));
+    table.cell(long(k.n));
     comparison_cells(table, c);
-    table.cell(c.subjects[0].ticks, 0);
-    table.cell(cycles, 0);
-    double fftw_add, fftw_mul, fftw_fma;
-    Fftw<R>::flops(k.scalar.plan, &fftw_add, &fftw_mul, &fftw_fma);
-    const double fftw_sums = fftw_add + fftw_fma;  // no fused operations in scalar code
-    if (counts != manifest.end()) {
-        const KernelCounts& kc = counts->second;
-        const long ops = kc.operations(n);
-        const double bound = std::max(double(kc.sums()) / s.peak.adds_per_cycle,
-                                      double(kc.multiplications(n)) / s.peak.products_per_cycle);
-        table.cell(ops);
-        table.cell(double(ops) / cycles, 2);
-        table.cell(kc.sums());
-        table.cell(kc.multiplications(n));
-        table.cell(fftw_sums, 0);
-        table.cell(fftw_mul + fftw_fma, 0);
-        table.cell(double(kc.sums()) / fftw_sums, 3);
-        table.cell(bound, 0);
-        table.cell(100 * bound / cycles, 0);
-        // Our kernel at the peak rates against FFTW's time as measured: no
-        // schedule of our operations could bring the ratio below this.
-        const double floor = bound / (c.subjects[1].ns * s.core_ghz);
-        table.cell(floor, 3);
-        table.cell(kc.rule);
-        totals.log_sums_ratio += std::log(double(kc.sums()) / fftw_sums);
-        totals.log_floor += std::log(floor);
-        totals.floors += 1;
-    } else {
-        for (int i = 0; i < 11; ++i) table.cell("?");
-    }
-    totals.log_sum += std::log(c.ratios[1]);
-    totals.log_sum_simd += std::log(c.ratios[2]);
-    totals.count += 1;
-    totals.faster += c.ratios[1] < 1;
-    if (c.ratios[1] > totals.worst) {
-        totals.worst = c.ratios[1];
-        totals.worst_n = n;
-    }
+    FftwCounts fftw;
+    Fftw<RealOf<E>>::flops(k.scalar.plan, &fftw.add, &fftw.mul, &fftw.fma);
+    floor_cells(table, s, k.n, c, find_counts(manifest, k.n, {k.m.direction}), 2L * k.n, fftw,
+                totals);
 }
 
 template <class E>
-void summary_row(Table& summary, const ComplexMember<E>& m, const Totals& t)
+void summary_row(Table& summary, const ComplexMember<E>& m, const SpeedTotals& t)
 {
-    const double geo = std::exp(t.log_sum / t.count);
     summary.row();
     summary.cell(m.kind);
     summary.cell(m.direction);
-    summary.cell(long(t.count));
-    summary.cell(long(t.faster));
-    summary.cell(geo, 3);
-    summary.cell(t.worst, 3);
-    summary.cell(long(t.worst_n));
-    summary.cell(std::exp(t.log_sum_simd / t.count), 3);
-    summary.cell(std::exp(t.log_sums_ratio / t.count), 3);
-    if (t.floors > 0)
-        summary.cell(std::exp(t.log_floor / t.floors), 3);
-    else
-        summary.cell("?");
-    summary.cell(t.faster == t.count && geo <= 0.6 ? "met" : "missed");
+    summary_cells(summary, t);
+    summary.cell(t.faster == t.count && t.geomean_scalar() <= 0.6 ? "met" : "missed");
 }
 
 // Every size of both members of one element kind, timed in passes.
@@ -142,7 +81,7 @@ void time_kind(const Settings& s, const ComplexMember<E> (&members)[M], const Ma
     run_passes(races, s.plan);
     size_t i = 0;
     for (const auto& m : members) {
-        Totals t;
+        SpeedTotals t;
         for (int n = 2; n <= last; ++n, ++i) report_case(s, *cases[i], races[i].result(), manifest, table, t);
         summary_row(summary, m, t);
     }
@@ -152,28 +91,16 @@ void time_kind(const Settings& s, const ComplexMember<E> (&members)[M], const Ma
 
 void bench_complex(const Settings& s)
 {
-    const Manifest manifest = read_manifest(s.manifest);
-    if (manifest.empty()) std::printf("(no kernel counts: cannot read %s)\n", s.manifest.c_str());
+    const Manifest manifest = read_counts(s.manifest);
     Table table("complex",
-                "Complex DFT kernels against FFTW (" + s.configuration +
-                    " build): ns per call, median of interleaved rounds; spread = "
-                    "interquartile range / median; ratio = ours / FFTW, median of per-round "
-                    "ratios; cycles estimated at the measured core clock; sums = additions "
-                    "and subtractions, products include the scale; bound = fewest cycles "
-                    "at the scalar peak rates, of_bound = bound / cycles taken; floor = bound / "
-                    "scalar FFTW's cycles, the least ratio our counts allow",
+                "Complex DFT kernels against FFTW (" + s.configuration + " build): " + speed_legend("2N"),
                 join({"kind", "direction", "n"}, comparison_columns({"fftw_scalar", "fftw_simd"}),
-                     std::vector<std::string>{"ours_tsc_ticks", "ours_cycles", "operations",
-                                              "ops_per_cycle", "ours_sums", "ours_products",
-                                              "fftw_sums", "fftw_products", "sums_ratio",
-                                              "bound_cycles", "of_bound_%", "floor_ratio", "rule"}));
+                     floor_columns()));
     Table summary("complex_summary",
                   "Complex DFT: ratios to FFTW by member (target against scalar FFTW: every "
                   "size below 1 and geometric mean at most 0.6; geomean_floor: the least geometric mean "
                   "that our counts allow at the measured peak rates)",
-                  {"kind", "direction", "sizes", "faster_than_scalar", "geomean_scalar",
-                   "worst_scalar", "worst_n", "geomean_simd", "geomean_sums_ratio", "geomean_floor",
-                   "target"});
+                  join({"kind", "direction"}, summary_columns(), std::vector<std::string>{"target"}));
     time_kind(s, kMembers32, manifest, table, summary);
     time_kind(s, kMembers64, manifest, table, summary);
     table.print(stdout);

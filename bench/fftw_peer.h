@@ -23,6 +23,14 @@ struct Fftw<double> {
     {
         return fftw_plan_dft_1d(n, in, out, sign, flags);
     }
+    static Plan r2c(int n, double* in, Complex* out, unsigned flags)
+    {
+        return fftw_plan_dft_r2c_1d(n, in, out, flags);
+    }
+    static Plan c2r(int n, Complex* in, double* out, unsigned flags)
+    {
+        return fftw_plan_dft_c2r_1d(n, in, out, flags);
+    }
     static Plan r2r(int n, double* in, double* out, fftw_r2r_kind kind, unsigned flags)
     {
         return fftw_plan_r2r_1d(n, in, out, kind, flags);
@@ -42,6 +50,14 @@ struct Fftw<float> {
     static Plan dft(int n, Complex* in, Complex* out, int sign, unsigned flags)
     {
         return fftwf_plan_dft_1d(n, in, out, sign, flags);
+    }
+    static Plan r2c(int n, float* in, Complex* out, unsigned flags)
+    {
+        return fftwf_plan_dft_r2c_1d(n, in, out, flags);
+    }
+    static Plan c2r(int n, Complex* in, float* out, unsigned flags)
+    {
+        return fftwf_plan_dft_c2r_1d(n, in, out, flags);
     }
     static Plan r2r(int n, float* in, float* out, fftwf_r2r_kind kind, unsigned flags)
     {
@@ -79,6 +95,38 @@ struct PlannedDft {
 
     typename F::Complex* in;
     typename F::Complex* out;
+    typename F::Plan plan;
+};
+
+// A real transform of length n planned on arrays of its own: a real array
+// of n values and a half spectrum of n/2 + 1 complex ones. kind FFTW_R2HC
+// stands for the r2c plan (real to half spectrum), FFTW_HC2R for c2r, and
+// any other kind for the r2r plan of that kind from real to real.
+template <class R>
+struct PlannedReal {
+    using F = Fftw<R>;
+    PlannedReal(int n, fftw_r2r_kind kind, unsigned flags)
+        : real(static_cast<R*>(F::alloc(sizeof(R) * size_t(n)))),
+          other(static_cast<R*>(F::alloc(sizeof(R) * size_t(n)))),
+          half(static_cast<typename F::Complex*>(F::alloc(sizeof(typename F::Complex) * size_t(n / 2 + 1)))),
+          plan(kind == FFTW_R2HC   ? F::r2c(n, real, half, flags)
+               : kind == FFTW_HC2R ? F::c2r(n, half, real, flags)
+                                   : F::r2r(n, real, other, kind, flags))
+    {
+    }
+    ~PlannedReal()
+    {
+        F::destroy(plan);
+        F::free(real);
+        F::free(other);
+        F::free(half);
+    }
+    PlannedReal(const PlannedReal&) = delete;
+    PlannedReal& operator=(const PlannedReal&) = delete;
+
+    R* real;   // input of r2c and r2r, output of c2r
+    R* other;  // output of r2r
+    typename F::Complex* half;
     typename F::Plan plan;
 };
 

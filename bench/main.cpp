@@ -4,8 +4,10 @@
 //   zptg_bench [--out DIR] [--manifest FILE] [--only PARTS] [--rounds R] [--quick]
 //   zptg_bench --gbench [Google Benchmark options]
 //
-// PARTS is a comma-separated choice of complex, dispatch, accuracy, wht, dct4
-// (default: all that this build has). --gbench runs the complex kernels and
+// PARTS is a comma-separated choice of complex, dispatch, accuracy, real,
+// hartley, wht, dct4 (default: all that this build has). real and hartley
+// time their family and take its accuracy; accuracy alone takes that of
+// every fixed-size family without timing anything. --gbench runs the complex kernels and
 // scalar FFTW through Google Benchmark's own runner instead, as a cross-check
 // of the interleaved harness.
 #include <cstdio>
@@ -55,6 +57,8 @@ int main(int argc, char** argv)
     Settings s;
     s.out_dir = ZPTG_BENCH_DEFAULT_OUT;
     s.manifest = ZPTG_BENCH_MANIFEST;
+    s.real_manifest = ZPTG_BENCH_REAL_MANIFEST;
+    s.hartley_manifest = ZPTG_BENCH_HARTLEY_MANIFEST;
     s.configuration = ZPTG_BENCH_CONFIGURATION;
     std::string only;
     for (int i = 1; i < argc; ++i) {
@@ -90,7 +94,8 @@ int main(int argc, char** argv)
                        ")\ncompiler: " + __VERSION__ + "\n";
     // Accuracy alone needs no clock (and may run where timings mean nothing).
     const bool timed = wanted(only, "complex") || wanted(only, "dispatch") ||
-                       wanted(only, "wht") || wanted(only, "dct4");
+                       wanted(only, "real") || wanted(only, "hartley") || wanted(only, "wht") ||
+                       wanted(only, "dct4");
     if (timed) {
         s.tsc_ghz = tsc_ghz();
         s.core_ghz = core_ghz();
@@ -112,6 +117,10 @@ int main(int argc, char** argv)
     if (wanted(only, "complex")) bench_complex(s);
     if (wanted(only, "dispatch")) bench_dispatchers(s);
     if (wanted(only, "accuracy")) bench_complex_accuracy(s);
+    if (wanted(only, "real")) bench_real(s);
+    if (wanted(only, "real") || wanted(only, "accuracy")) bench_real_accuracy(s);
+    if (wanted(only, "hartley")) bench_hartley(s);
+    if (wanted(only, "hartley") || wanted(only, "accuracy")) bench_hartley_accuracy(s);
 #ifdef ZPTG_BENCH_WHT
     if (wanted(only, "wht")) bench_wht(s);
 #endif

@@ -47,4 +47,16 @@ Manifest read_manifest(const std::string& path)
     return m;
 }
 
+const KernelCounts* find_counts(const Manifest& m, int n, const std::vector<std::string>& names)
+{
+    for (const std::string& name : names) {
+        const auto it = m.find({n, name});
+        if (it != m.end()) return &it->second;
+    }
+    const std::string& stem = names.back();
+    for (auto it = m.lower_bound({n, std::string()}); it != m.end() && it->first.first == n; ++it)
+        if (it->first.second.rfind(stem, 0) == 0) return &it->second;
+    return nullptr;
+}
+
 }  // namespace zptg::bench

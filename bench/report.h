@@ -25,6 +25,7 @@ public:
     void cell(long value);
 
     const std::string& name() const { return name_; }
+    bool empty() const { return rows_.empty(); }
     const std::vector<std::string>& columns() const { return columns_; }
     // Index of a column by its header, counted from 1 as gnuplot does.
     int column(const std::string& header) const;

@@ -76,3 +76,29 @@ function(zptg_add_family name)
       ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_BINARY_DIR}/generated)
   set_property(GLOBAL APPEND PROPERTY ZPTG_FAMILY_OBJECT_LIBRARIES ${name})
 endfunction()
+
+# zptg_add_kernel_family(<name> <family>): the object library of a generated
+# kernel family (its .cpp files from ZPTG_<FAMILY>_SOURCES, one per length,
+# and its dispatchers), built after the generator has written them.
+function(zptg_add_kernel_family name family)
+  string(TOUPPER ${family} upper)
+  set(sources)
+  foreach(file IN LISTS ZPTG_${upper}_SOURCES)
+    if(file MATCHES "\\.cpp$")
+      list(APPEND sources ${file})
+    endif()
+  endforeach()
+  zptg_add_family(${name} ${sources})
+  add_dependencies(${name} zptg_generate_${family})
+  # No straight-line vectorisation of the bodies: on x86-64 it pairs two
+  # outputs into one conversion and store, which keeps the first alive until
+  # the second is made and so undoes the order of the body (one store as
+  # soon as each value is ready). The 32-bit build has no vector
+  # instructions at all; the option changes nothing there.
+  target_compile_options(${name} PRIVATE -fno-tree-slp-vectorize)
+  # In builds with debug information, tracking where each of the thousands
+  # of values of the longest kernels lives takes the compiler minutes and
+  # tens of gigabytes (complex 59 under the sanitizers: 24 GB); line
+  # information is kept.
+  target_compile_options(${name} PRIVATE ${ZPTG_NO_VAR_TRACKING})
+endfunction()

@@ -1,7 +1,8 @@
 // zptg_gen: writes the generated kernels of the library's fixed-size
 // families into a build tree.
 //
-//   zptg_gen <output dir> <family>...      families: complex, dct4_constants
+//   zptg_gen <output dir> <family>...      families: complex, real, hartley,
+//                                          dct4_constants
 //   zptg_gen --counts <family>             prints each body's counts and error
 #include <cstdio>
 #include <exception>
@@ -10,6 +11,7 @@
 #include "core/analysis.h"
 #include "families/complex_family.h"
 #include "families/dct4_constants.h"
+#include "families/real_family.h"
 
 namespace {
 
@@ -22,6 +24,8 @@ struct Named {
 };
 constexpr Named kFamilies[] = {
     {"complex", complex_family},
+    {"real", real_family},
+    {"hartley", hartley_family},
 };
 
 const Named* find_family(const std::string& name)
@@ -57,7 +61,7 @@ int main(int argc, char** argv)
             return 0;
         }
         if (argc < 3) {
-            std::fprintf(stderr, "usage: zptg_gen <output dir> complex|dct4_constants\n");
+            std::fprintf(stderr, "usage: zptg_gen <output dir> complex|real|hartley|dct4_constants\n");
             return 2;
         }
         const std::string out = argv[1];

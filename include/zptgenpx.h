@@ -218,6 +218,26 @@ ZPTG_API const zptgLibVersion* zptgenGetLibVersion(void);
 #define ZPTG_DCT4_FUNCTIONS(X) \
     X(32f, zptg32f, zptgDCT4Context_32f) X(64f, zptg64f, zptgDCT4Context_64f)
 
+/** The real DFT in the packed layouts CCS, Pack and Perm, N = 2 .. 64. */
+#define ZPTG_DFT_REAL_FUNCTIONS(K, D)                             \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToCCS, 32f, zptg32f)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToCCS, 64f, zptg64f)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToPack, 32f, zptg32f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToPack, 64f, zptg64f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToPerm, 32f, zptg32f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTFwd_RToPerm, 64f, zptg64f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_CCSToR, 32f, zptg32f)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_CCSToR, 64f, zptg64f)      \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_PackToR, 32f, zptg32f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_PackToR, 64f, zptg64f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_PermToR, 32f, zptg32f)     \
+    ZPTG_FIXED_FAMILY(K, D, zptgDFTInv_PermToR, 64f, zptg64f)
+
+/** The Hartley transform, N = 2 .. 64. */
+#define ZPTG_HARTLEY_FUNCTIONS(K, D)                              \
+    ZPTG_FIXED_FAMILY(K, D, zptgHartley, 32f, zptg32f)            \
+    ZPTG_FIXED_FAMILY(K, D, zptgHartley, 64f, zptg64f)
+
 /** @} */
 
 /* ---- Declarations ----------------------------------------------------- */
@@ -268,6 +288,28 @@ ZPTG_API const zptgLibVersion* zptgenGetLibVersion(void);
  * \include dft_complex.c
  */
 ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
+
+/*
+ * Real DFT: zptgDFTFwd_RTo<layout>_<N>_<kind>(src, dst, flag) takes N reals
+ * to the half spectrum X[0 .. N/2] packed as <layout>:
+ *   CCS   Re X[k] at 2k, Im X[k] at 2k + 1 (N + 2 elements for even N,
+ *         N + 1 for odd N; Im X[0] and Im X[N/2] stored as +0.0)
+ *   Pack  X[0] at 0, Re X[k] at 2k - 1, Im X[k] at 2k, X[N/2] at N - 1
+ *   Perm  as Pack for odd N; for even N X[0] at 0, X[N/2] at 1 and the
+ *         other terms as in CCS
+ * (N elements for Pack and Perm). zptgDFTInv_<layout>ToR_<N>_<kind> takes
+ * the layout back to N reals and reads only the positions that hold a
+ * value. The dispatchers take N between dst and flag. dst may equal src.
+ */
+ZPTG_DFT_REAL_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
+
+/*
+ * Hartley transform: zptgHartley_<N>_<kind>(src, dst, flag),
+ * H[k] = s * sum_n x[n] (cos + sin)(2 pi k n / N); flags 1 and 2 both
+ * scale by 1/N. The dispatchers take N between dst and flag. dst may equal
+ * src.
+ */
+ZPTG_HARTLEY_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
 
 /* ---- Walsh-Hadamard transform, orders 1 .. 13 ------------------------ */
 

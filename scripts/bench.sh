@@ -8,6 +8,9 @@
 # <build>/bench/results of each configuration, with one PNG plot per family.
 #
 #   bash scripts/bench.sh [zptg_bench options, e.g. --only complex,accuracy]
+#
+# ZPTG_BENCH_CONFIGURATIONS="native" (or "i386") builds and runs only that
+# configuration; the default is both.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
@@ -28,13 +31,18 @@ bench_install() {
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${missing[@]}" >/dev/null
 }
 
+configurations=${ZPTG_BENCH_CONFIGURATIONS:-i386 native}
+wants() { [[ " $configurations " == *" $1 "* ]]; }
+
 bench_install cmake make g++ g++-multilib binutils libfftw3-dev libbenchmark-dev gnuplot-nox
-if ! dpkg --print-foreign-architectures | grep -qx i386; then
-    sudo=""
-    [ "$(id -u)" -eq 0 ] || sudo="sudo"
-    $sudo dpkg --add-architecture i386
+if wants i386; then
+    if ! dpkg --print-foreign-architectures | grep -qx i386; then
+        sudo=""
+        [ "$(id -u)" -eq 0 ] || sudo="sudo"
+        $sudo dpkg --add-architecture i386
+    fi
+    bench_install libfftw3-dev:i386 libbenchmark-dev:i386
 fi
-bench_install libfftw3-dev:i386 libbenchmark-dev:i386
 
 root=${ZPTG_BUILD_ROOT:-$ZPTG_ROOT/build}
 build() {
@@ -44,8 +52,8 @@ build() {
     zptg_configure "$dir" -DZPTG_TARGET="$target" -DZPTG_TESTS=OFF -DZPTG_BENCH=ON
     cmake --build "$dir" -j "$ZPTG_JOBS" --target zptg_bench
 }
-build i386 i386
-build native native
+if wants i386; then build i386 i386; fi
+if wants native; then build native native; fi
 
 plot() {
     local results=$1
@@ -61,17 +69,19 @@ run() {
     plot "$dir/bench/results"
 }
 
-probe=$(mktemp -d)
-printf 'int main(void) { return 0; }\n' > "$probe/probe.c"
-gcc -m32 "$probe/probe.c" -o "$probe/probe"
-if "$probe/probe" >/dev/null 2>&1; then
-    rm -rf "$probe"
-    run i386 "$@"
-else
-    rm -rf "$probe"
-    echo "this machine cannot run 32-bit programs natively: the 32-bit build is built but not timed (no timings under an emulator)"
-    # Accuracy is no timing: the 32-bit (x87) numbers come from qemu-i386.
-    bench_install qemu-user
-    ZPTG_EMULATOR="$(command -v qemu-i386) -L /" run i386 --only accuracy
+if wants i386; then
+    probe=$(mktemp -d)
+    printf 'int main(void) { return 0; }\n' > "$probe/probe.c"
+    gcc -m32 "$probe/probe.c" -o "$probe/probe"
+    if "$probe/probe" >/dev/null 2>&1; then
+        rm -rf "$probe"
+        run i386 "$@"
+    else
+        rm -rf "$probe"
+        echo "this machine cannot run 32-bit programs natively: the 32-bit build is built but not timed (no timings under an emulator)"
+        # Accuracy is no timing: the 32-bit (x87) numbers come from qemu-i386.
+        bench_install qemu-user
+        ZPTG_EMULATOR="$(command -v qemu-i386) -L /" run i386 --only accuracy
+    fi
 fi
-run native "$@"
+if wants native; then run native "$@"; fi

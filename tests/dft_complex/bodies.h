@@ -3,11 +3,9 @@
 #ifndef ZPTG_TESTS_DFT_COMPLEX_BODIES_H
 #define ZPTG_TESTS_DFT_COMPLEX_BODIES_H
 
-#include "support/symbolic.h"
+#include "support/tape.h"
 
 namespace zptg::test {
-
-using SymbolicBody = void (*)(const SymbolIn&, const SymbolOut&, Symbol);
 
 struct Bodies {
     SymbolicBody forward[65] = {};

@@ -1,9 +1,9 @@
 // The generated bodies as they ship, run once on Symbol (the 32fc and 64fc kernels of a direction
 // run the same body, so one tape stands for both):
-// - shape and order: each input slot read once, all reads before the first
-//   store; each output slot stored once, as the product of the scale and a   computed value, that
-// product the last operation on the value; only   sums, differences and products of a constant with
-// a value; each   constant a positive magnitude held once; nothing computed for nothing;
+// - shape and order: each input slot read once, all reads before the first store; each output slot
+//   stored once, as the product of the scale and a computed value, that product the last operation
+//   on the value; no sign flip, no literal zero; each constant held once (the rest of the contract
+//   in support/tape.h);
 // - counts against the rule table (above it in any column fails), forward
 //   against inverse, and against the generator's manifest.csv;
 // - constants: a length with no Rader stage holds only the doubles nearest
@@ -22,24 +22,16 @@
 #include "dft_complex/bodies.h"
 #include "support/reference.h"
 #include "support/scale.h"
+#include "support/tape.h"
 
 namespace zptg::test {
 namespace {
 
 Tape record(int n, bool forward)
 {
-    static const Bodies bodies = [] {
-        Bodies b;
-        [&]<int... P>(std::integer_sequence<int, P...>) { (add_bodies<P>(b), ...); }(
-            std::make_integer_sequence<int, ZPTG_BODY_PARTS>());
-        return b;
-    }();
-    const SymbolicBody body = (forward ? bodies.forward : bodies.inverse)[n];
-    return zptg::test::record([&](Symbol s) { body(SymbolIn{}, SymbolOut{}, s); });
+    static const Bodies bodies = collect_parts<Bodies, ZPTG_BODY_PARTS>([]<int P>(Bodies& b) { add_bodies<P>(b); });
+    return record((forward ? bodies.forward : bodies.inverse)[n]);
 }
-
-// Additions, subtractions, products with a constant, distinct constants.
-using Counts = std::array<int, 4>;
 
 // The rule table's cost of every length from 2 up (besides the 2N products with the scale and the
 // scale itself).
@@ -56,87 +48,6 @@ constexpr Counts kTable[] = {
     {422, 422, 316, 7}, {660, 660, 736, 28}, {694, 734, 792, 34}, {1325, 1471, 1908, 92}, {456, 408, 272, 6}, {840, 776, 780, 66},
     {800, 708, 768, 40}, {550, 550, 604, 14}, {464, 464, 248, 15},
 };
-
-struct Summary {
-    Counts counts{};
-    std::set<double> constants;  // distinct values in products
-    std::string fault;           // the first step outside the contract
-};
-
-// One pass classifies every value: data (reads, sums, differences, constant products), constants,
-// the scale, scale products (which may only be stored) and stores.
-Summary summarize(const Tape& tape, int n)
-{
-    enum Kind { Data, Constant, Scale, ScaleProduct, Stored };
-    Summary s;
-    std::vector<Kind> kind(tape.size());
-    std::vector<int> uses(tape.size(), 0), reads(2 * n, 0), stores(2 * n, 0);
-    int held = 0, last_read = -1, first_store = -1, scale_products = 0;
-    auto fault = [&](size_t i, const char* what) {
-        if (s.fault.empty()) s.fault = "step " + std::to_string(i) + ": " + what;
-    };
-    for (size_t i = 0; i < tape.size(); ++i) {
-        const Step& t = tape[i];
-        if (t.a >= 0) ++uses[t.a];
-        if (t.b >= 0) ++uses[t.b];
-        const bool slot_ok = t.slot >= 0 && t.slot < 2 * n;
-        switch (t.op) {
-        case Op::Input:
-            kind[i] = Data;
-            last_read = int(i);
-            if (slot_ok) ++reads[t.slot];
-            break;
-        case Op::Constant:
-            kind[i] = Constant;
-            ++held;
-            if (!(t.value > 0)) fault(i, "a constant that is not a positive magnitude");
-            break;
-        case Op::Scale: kind[i] = Scale; break;
-        case Op::Add:
-        case Op::Sub:
-            kind[i] = Data;
-            if (kind[t.a] != Data || kind[t.b] != Data) fault(i, "a sum of something else than data");
-            ++s.counts[t.op == Op::Add ? 0 : 1];
-            break;
-        case Op::Mul: {
-            const std::multiset<Kind> k = {kind[t.a], kind[t.b]};
-            kind[i] = k == std::multiset<Kind>{Data, Scale} ? ScaleProduct : Data;
-            if (kind[i] == ScaleProduct) {
-                ++scale_products;
-            } else if (k == std::multiset<Kind>{Data, Constant}) {
-                ++s.counts[2];
-                s.constants.insert(tape[kind[t.a] == Constant ? t.a : t.b].value);
-            } else {
-                fault(i, "a product of something else than a constant or the scale with data");
-            }
-            break;
-        }
-        case Op::Neg:
-        case Op::Zero:
-            kind[i] = Stored;
-            fault(i, "a sign flip or a literal zero in a complex body");
-            break;
-        case Op::Store:
-            kind[i] = Stored;
-            if (first_store < 0) first_store = int(i);
-            if (slot_ok) ++stores[t.slot];
-            if (kind[t.a] != ScaleProduct) fault(i, "a store of something else than a scale product");
-            break;
-        }
-        if ((t.op == Op::Input || t.op == Op::Store) && !slot_ok) fault(i, "slot out of range");
-    }
-    for (size_t i = 0; i < tape.size(); ++i) {
-        if (kind[i] == ScaleProduct && uses[i] != 1) fault(i, "a scale product used otherwise than by one store");
-        if ((kind[i] == Data || kind[i] == Constant) && uses[i] == 0) fault(i, "computed for nothing");
-    }
-    for (int slot = 0; slot < 2 * n; ++slot)
-        if (reads[slot] != 1 || stores[slot] != 1) fault(slot, "(slot) not read once and stored once");
-    if (!(last_read < first_store)) fault(first_store, "a read after the first store");
-    if (scale_products != 2 * n) fault(0, "not one product with the scale per output value");
-    if (held != int(s.constants.size())) fault(0, "a constant held more than once");
-    s.counts[3] = int(s.constants.size());
-    return s;
-}
 
 bool is_prime(int n)
 {
@@ -215,8 +126,14 @@ TEST(ComplexBody, EveryBody)
         for (const char* dir : {"forward", "inverse"}) {
             SCOPED_TRACE(std::to_string(n) + " " + dir);
             const Tape tape = record(n, dir[0] == 'f');
-            const Summary s = summarize(tape, n);
+            const TapeSummary s = summarize(tape, 2 * n);
             EXPECT_EQ(s.fault, "");
+            EXPECT_EQ(s.reads, std::vector<int>(2 * n, 1));
+            EXPECT_EQ(s.stores, std::vector<int>(2 * n, 1));
+            EXPECT_LT(s.last_read, s.first_store) << "a read after the first store";
+            EXPECT_EQ(s.scale_products, 2 * n);
+            EXPECT_EQ(s.negations + s.zeros, 0) << "a sign flip or a literal zero in a complex body";
+            EXPECT_EQ(s.held, s.counts[3]) << "a constant held more than once";
             for (int c = 0; c < 4; ++c) EXPECT_LE(s.counts[c], kTable[n - 2][c]) << "column " << c;
             if (dir[0] == 'f') forward = s.counts;
             EXPECT_EQ(s.counts, forward) << "against the forward body";

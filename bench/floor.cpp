@@ -1,0 +1,101 @@
+#include "floor.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace zptg::bench {
+
+double SpeedTotals::geomean_scalar() const { return std::exp(log_sum / count); }
+
+Manifest read_counts(const std::string& path)
+{
+    Manifest m = read_manifest(path);
+    if (m.empty()) std::printf("(no kernel counts: cannot read %s)\n", path.c_str());
+    return m;
+}
+
+std::string speed_legend(const std::string& scale_products)
+{
+    return "ns per call, median of interleaved rounds; spread = interquartile range / median; "
+           "ratio = ours / FFTW, median of per-round ratios; cycles estimated at the measured "
+           "core clock; sums = additions and subtractions, products include the " +
+           scale_products +
+           " products with the scale; bound = fewest cycles at the scalar peak rates, of_bound "
+           "= bound / cycles taken; floor = bound / scalar FFTW's cycles, the least ratio our "
+           "counts allow";
+}
+
+std::vector<std::string> floor_columns()
+{
+    return {"ours_tsc_ticks", "ours_cycles", "operations", "ops_per_cycle", "ours_sums",
+            "ours_products", "fftw_sums", "fftw_products", "sums_ratio", "bound_cycles",
+            "of_bound_%", "floor_ratio", "rule"};
+}
+
+void floor_cells(Table& table, const Settings& s, int n, const Comparison& c,
+                 const KernelCounts* counts, long scale_products, const FftwCounts& fftw,
+                 SpeedTotals& totals)
+{
+    const double cycles = c.subjects[0].ns * s.core_ghz;
+    table.cell(c.subjects[0].ticks, 0);
+    table.cell(cycles, 0);
+    if (counts) {
+        const long ops = counts->operations(scale_products);
+        const long products = counts->multiplications(scale_products);
+        const double bound = std::max(double(counts->sums()) / s.peak.adds_per_cycle,
+                                      double(products) / s.peak.products_per_cycle);
+        table.cell(ops);
+        table.cell(double(ops) / cycles, 2);
+        table.cell(counts->sums());
+        table.cell(products);
+        table.cell(fftw.sums(), 0);
+        table.cell(fftw.products(), 0);
+        table.cell(double(counts->sums()) / fftw.sums(), 3);
+        table.cell(bound, 0);
+        table.cell(100 * bound / cycles, 0);
+        // Our kernel at the peak rates against FFTW's time as measured: no
+        // schedule of our operations could bring the ratio below this.
+        const double floor = bound / (c.subjects[1].ns * s.core_ghz);
+        table.cell(floor, 3);
+        table.cell(counts->rule);
+        totals.log_sums_ratio += std::log(double(counts->sums()) / fftw.sums());
+        totals.log_floor += std::log(floor);
+        totals.floors += 1;
+    } else {
+        for (int i = 0; i < 11; ++i) table.cell("?");
+    }
+    totals.log_sum += std::log(c.ratios[1]);
+    totals.log_sum_simd += std::log(c.ratios[2]);
+    totals.count += 1;
+    totals.faster += c.ratios[1] < 1;
+    if (c.ratios[1] > totals.worst) {
+        totals.worst = c.ratios[1];
+        totals.worst_n = n;
+    }
+}
+
+std::vector<std::string> summary_columns()
+{
+    return {"sizes", "faster_than_scalar", "geomean_scalar", "worst_scalar", "worst_n",
+            "geomean_simd", "geomean_sums_ratio", "geomean_floor"};
+}
+
+void summary_cells(Table& summary, const SpeedTotals& t)
+{
+    summary.cell(long(t.count));
+    summary.cell(long(t.faster));
+    summary.cell(t.geomean_scalar(), 3);
+    summary.cell(t.worst, 3);
+    summary.cell(long(t.worst_n));
+    summary.cell(std::exp(t.log_sum_simd / t.count), 3);
+    if (t.floors > 0) {
+        summary.cell(std::exp(t.log_sums_ratio / t.floors), 3);
+        summary.cell(std::exp(t.log_floor / t.floors), 3);
+    } else {
+        summary.cell("?");
+        summary.cell("?");
+    }
+}
+
+}  // namespace zptg::bench
