@@ -22,6 +22,13 @@ struct Cplx {
     T im;
 };
 
+template <class T, int N>
+struct MultiplierTable {
+    alignas(64) T value[N];
+};
+extern const MultiplierTable<float, 129> kCos128Table_32f;
+extern const MultiplierTable<double, 129> kCos128Table_64f;
+
 // cos(pi A / 128) as a literal of the scalar's width: float bodies take the
 // nearest float, every other scalar the nearest double.
 template <class T, int A>
@@ -29,9 +36,9 @@ ZPTG_BODY T cos128()
 {
     static_assert(A >= 0 && A <= 128, "angle outside the literal table");
     if constexpr (std::is_same_v<T, float>) {
-        return kCos128_32f[A];
+        return kCos128Table_32f.value[A];
     } else {
-        return T(kCos128_64f[A]);
+        return T(kCos128Table_64f.value[A]);
     }
 }
 

@@ -86,20 +86,30 @@ template <int M, class T>
     }
 }
 
+// Runs body.template operator()<M>() for a rule 1 to 6 of env3 or env7, M
+// the length of its direct body; false for any other rule.
+template <class Body>
+bool by_length_rule(int32_t rule, Body&& body)
+{
+    switch (rule) {
+    case 1: body.template operator()<2>(); return true;
+    case 2: body.template operator()<4>(); return true;
+    case 3: body.template operator()<8>(); return true;
+    case 4: body.template operator()<16>(); return true;
+    case 5: body.template operator()<32>(); return true;
+    case 6: body.template operator()<64>(); return true;
+    default: return false;
+    }
+}
+
 template <class T>
 zptgStatus oddfreq_by_rule(int32_t rule, const T* fwd, const T* rev, int32_t stride,
                            int32_t innerStride, int32_t count, int32_t outerCount, T* out)
 {
-    switch (rule) {
-    case 1: oddfreq_columns<2>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    case 2: oddfreq_columns<4>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    case 3: oddfreq_columns<8>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    case 4: oddfreq_columns<16>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    case 5: oddfreq_columns<32>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    case 6: oddfreq_columns<64>(fwd, rev, stride, innerStride, count, outerCount, out); break;
-    default: return zptgStatusNotPlanned;
-    }
-    return zptgStatusOk;
+    const bool planned = by_length_rule(rule, [&]<int M>() {
+        oddfreq_columns<M>(fwd, rev, stride, innerStride, count, outerCount, out);
+    });
+    return planned ? zptgStatusOk : zptgStatusNotPlanned;
 }
 
 // `rows` output rows of the root: row k reads 2D values at in + 2D k and
@@ -157,25 +167,6 @@ void rule5_sections(const T* table, int32_t rows, const T** triples, const T** p
 }
 
 // ---- The environments ---------------------------------------------------
-
-template <class T>
-zptgStatus compute_env1(env1<T>* self, T* dst, const T* src)
-{
-    switch (self->rule) {
-    case 1: dct4::dct4_direct<2, T>(src, dst); return zptgStatusOk;
-    case 2: dct4::dct4_direct<4, T>(src, dst); return zptgStatusOk;
-    case 3: dct4::dct4_direct<8, T>(src, dst); return zptgStatusOk;
-    case 4: dct4::dct4_direct<16, T>(src, dst); return zptgStatusOk;
-    case 5: dct4::dct4_direct<32, T>(src, dst); return zptgStatusOk;
-    case kEnv1RuleSplit: {
-        T* scratch = self->scratch;
-        env3_compute(first_item<env3<T>>(self->preList), scratch, src);
-        env2_compute(first_item<env2<T>>(self->postList), dst, scratch);
-        return zptgStatusOk;
-    }
-    default: return zptgStatusNotPlanned;
-    }
-}
 
 template <class T>
 zptgStatus compute_env3(env3<T>* self, T* out, const T* in)
@@ -305,30 +296,278 @@ zptgStatus compute_env7(env7<T>* self, T* out, const T* in, int32_t first, int32
                            count, self->outerCount, out);
 }
 
-template <class T>
-zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
+// Runs rows.template operator()<D2, AStep, BStep>(a, b) for the rule of an
+// env6: the DFT length and where each row's twiddles lie (see dft_rows).
+// False for a rule out of range.
+template <class T, class Rows>
+bool by_env6_rule(const env6<T>* self, Rows&& rows)
 {
     const T* table = self->table;
-    const int32_t rows = self->rows;
-    const int32_t n2 = self->inner;
-    const int32_t outerCount = self->outerCount;
     switch (self->rule) {
-    case 1: dft_rows<2, 2, 0>(in, table, table, rows, n2, outerCount, column, out); break;
-    case 2: dft_rows<4, 6, 0>(in, table, table, rows, n2, outerCount, column, out); break;
-    case 3: dft_rows<8, 14, 0>(in, table, table, rows, n2, outerCount, column, out); break;
-    case 4:
-        dft_rows<16, 6, 24>(in, table, table + 6 * rows, rows, n2, outerCount, column, out);
-        break;
+    case 1: rows.template operator()<2, 2, 0>(table, table); return true;
+    case 2: rows.template operator()<4, 6, 0>(table, table); return true;
+    case 3: rows.template operator()<8, 14, 0>(table, table); return true;
+    case 4: rows.template operator()<16, 6, 24>(table, table + 6 * self->rows); return true;
     case 5: {
         const T* triples;
         const T* pairs;
-        rule5_sections(table, rows, &triples, &pairs);
-        dft_rows<32, 48, 14>(in, triples, pairs, rows, n2, outerCount, column, out);
-        break;
+        rule5_sections(table, self->rows, &triples, &pairs);
+        rows.template operator()<32, 48, 14>(triples, pairs);
+        return true;
     }
+    default: return false;
+    }
+}
+
+template <class T>
+zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
+{
+    const int32_t rows = self->rows;
+    const int32_t n2 = self->inner;
+    const int32_t outerCount = self->outerCount;
+    const bool planned =
+        by_env6_rule(self, [&]<int D2, int AStep, int BStep>(const T* a, const T* b) {
+            dft_rows<D2, AStep, BStep>(in, a, b, rows, n2, outerCount, column, out);
+        });
+    return planned ? zptgStatusOk : zptgStatusNotPlanned;
+}
+
+// ---- The root's columns in groups ---------------------------------------
+//
+// Under rule 7 of env3, root column i reads the source at i + 2d j and
+// 2N - 1 - i - 2d j, and its env4 writes the root's scratch at 2d k + i and
+// 2d k + d + i: one element of each cache line it touches, the rest of the
+// line belonging to its neighbours (d = 32: a line holds 8 columns' elements
+// in 64f, 16 in 32f). Column after column, each of them fetches the line
+// again unless it stayed in cache for a whole column, and a column's lines
+// are a quarter (64f) or half (32f) of the source and of the scratch; inside
+// a column, power-of-two strides put the lines that one body reads or
+// writes into few cache sets.
+//
+// So the root may run the G columns of one line side by side, a group of G
+// members: member c is the column i0 + c. At every level of the tree, each
+// step runs for all members before the next step: the leaves' sub-sequence
+// t, then t + 1; an env6's row k, then k + 1. Each member has its own env4
+// scratch at every level; a group's scratches are interleaved, element p of
+// member c at work[G p + c], so that what the members make at one place
+// fills one line. A leaf step copies the G-element runs of its M input
+// lines into a small buffer, runs the M-point body of each member on it,
+// and copies the results out line by line; a row step runs each member's
+// row body on its G-interleaved row into a small buffer, which likewise goes
+// out line by line. Every value is formed by the same body from the same
+// operands as in the plain path: the same bits.
+//
+// The scratches take G (m + m/d2 + ...) elements, less than N: they lie in
+// dst, which only the root's rows write, after the last column, when dst
+// lies apart from src; otherwise on the stack if they fit kGroupStackBytes.
+// The stack also holds the copy buffers (at most 4 KiB each, one level at a
+// time) and the rows' own buffer (4 KiB, see BlockedRows).
+
+// Elements of one cache line: the group size.
+template <class T>
+constexpr int32_t kLine = 64 / static_cast<int32_t>(sizeof(T));
+
+// Scratches of an in-place transform on the stack: at most this many bytes.
+constexpr int32_t kGroupStackBytes = 32768;
+
+// Where the members' outputs go: element p of member c at out[scale p + c].
+// The scratch of an env4 above is interleaved (scale G); the root's scratch
+// is not, its columns being the members (scale 1, the column in p).
+template <class T>
+struct GroupOut {
+    T* out;
+    int32_t scale;
+};
+
+// Leaves of one env7 under rule 1 to 6 for the whole group: M-point bodies,
+// sub-sequence t of member c forward from fwd + c + stride t and mirrored
+// from rev - c - stride t (elements innerStride apart), C(k) and S(k) to
+// places 2 outerCount k + t and 2 outerCount k + outerCount + t.
+template <int M, class T>
+[[gnu::flatten]] void group_leaves(const T* fwd, const T* rev, int32_t stride,
+                                   int32_t innerStride, int32_t count, int32_t outerCount,
+                                   GroupOut<T> to)
+{
+    constexpr int32_t G = kLine<T>;
+    // Input line j (forward, j < M/2) at in + G j, mirrored line j at
+    // in + G (3M/2 - 1 - j), each in the order of its addresses; results of
+    // member c: C(k) at res[2 G k + c], S(k) at res[2 G k + G + c].
+    T in[M * G];
+    T res[M * G];
+    for (int32_t t = 0; t < count; ++t) {
+        for (int32_t j = 0; j < M / 2; ++j)
+            __builtin_memcpy(in + G * j, fwd + innerStride * j, sizeof in / M);
+        for (int32_t j = M / 2; j < M; ++j)
+            __builtin_memcpy(in + G * (3 * M / 2 - 1 - j), rev - innerStride * j - (G - 1),
+                             sizeof in / M);
+        for (int32_t c = 0; c < G; ++c)
+            dct4::oddfreq_column<M>(in + c, in + G * (3 * M / 2) - 1 - c, G, res + c, 2 * G, G);
+        for (int32_t k = 0; k < M / 2; ++k) {
+            const int32_t p = 2 * outerCount * k + t;
+            __builtin_memcpy(to.out + to.scale * p, res + 2 * G * k, sizeof res / M);
+            __builtin_memcpy(to.out + to.scale * (p + outerCount), res + 2 * G * k + G,
+                             sizeof res / M);
+        }
+        fwd += stride;
+        rev -= stride;
+    }
+}
+
+// Rows of one env6 for the whole group: the members' rows are interleaved
+// in `in` (row k of member c at in + G 2 D2 k + c, its values G apart);
+// V(s) of row k goes to the places of dft_rows.
+template <int D2, int AStep, int BStep, class T>
+[[gnu::flatten]] void group_rows(const T* in, const T* a, const T* b, int32_t rows, int32_t n2,
+                                 int32_t outerCount, int32_t column, GroupOut<T> to)
+{
+    constexpr int32_t G = kLine<T>;
+    const int32_t rowStep = 2 * outerCount;
+    const int32_t step = rowStep * n2;
+    // Forward V(s) of member c: real part at res[2 G s + c], imaginary part
+    // G further; the mirrored ones likewise from res + 2 G (D2/2).
+    T res[2 * D2 * G];
+    int32_t fwd = column;
+    int32_t rev = column + rowStep * (n2 - 1);
+    for (int32_t k = 0; k < rows; ++k) {
+        for (int32_t c = 0; c < G; ++c)
+            dct4::row_dft_store<D2, G>(in + c, a, b, res + c, res + G * D2 + c, 2 * G, G);
+        for (int32_t s = 0; s < D2 / 2; ++s) {
+            constexpr auto line = sizeof res / (2 * D2);
+            __builtin_memcpy(to.out + to.scale * (fwd + step * s), res + 2 * G * s, line);
+            __builtin_memcpy(to.out + to.scale * (fwd + step * s + outerCount),
+                             res + 2 * G * s + G, line);
+            __builtin_memcpy(to.out + to.scale * (rev + step * s), res + G * D2 + 2 * G * s,
+                             line);
+            __builtin_memcpy(to.out + to.scale * (rev + step * s + outerCount),
+                             res + G * D2 + 2 * G * s + G, line);
+        }
+        in += 2 * D2 * G;
+        a += AStep;
+        b += BStep;
+        fwd += rowStep;
+        rev -= rowStep;
+    }
+}
+
+template <class T>
+void group_env4(env4<T>* self, GroupOut<T> to, const T* in, int32_t first, int32_t reflect,
+                int32_t column, T* work);
+
+// env7 for the group, its members' sub-transforms into `to`; an env4 below
+// takes its scratches from `work`.
+template <class T>
+void group_env7(env7<T>* self, GroupOut<T> to, const T* in, int32_t first, int32_t reflect,
+                T* work)
+{
+    const int32_t stride = self->stride;
+    if (self->rule == kEnv7RuleChild) {
+        for (int32_t t = 0; t < self->count; ++t) {
+            group_env4(first_item<env4<T>>(self->childList), to, in, first + stride * t,
+                       reflect - 2 * stride * t, t, work);
+        }
+        return;
+    }
+    by_length_rule(self->rule, [&]<int M>() {
+        group_leaves<M>(in + first, in + first + reflect, stride, self->innerStride, self->count,
+                        self->outerCount, to);
+    });
+}
+
+template <class T>
+void group_env6(env6<T>* self, GroupOut<T> to, const T* in, int32_t column)
+{
+    const int32_t rows = self->rows;
+    const int32_t n2 = self->inner;
+    const int32_t outerCount = self->outerCount;
+    by_env6_rule(self, [&]<int D2, int AStep, int BStep>(const T* a, const T* b) {
+        group_rows<D2, AStep, BStep>(in, a, b, rows, n2, outerCount, column, to);
+    });
+}
+
+// env4 for the group: members are the sequences at first + c, reflect - 2c;
+// their scratches, interleaved, at `work`.
+template <class T>
+void group_env4(env4<T>* self, GroupOut<T> to, const T* in, int32_t first, int32_t reflect,
+                int32_t column, T* work)
+{
+    if (self->rule != kEnv4RulePlanned) return;
+    const GroupOut<T> scratch = {work, kLine<T>};
+    group_env7(first_item<env7<T>>(self->preList), scratch, in, first, reflect,
+               work + kLine<T> * self->length);
+    group_env6(first_item<env6<T>>(self->postList), to, work, column);
+}
+
+// Elements of the interleaved scratches of a group below env3; 0 where the
+// columns cannot go in groups (not rule 7, N = K + 1, d not a multiple of G).
+template <class T>
+int64_t group_work(const env3<T>* stage)
+{
+    constexpr int32_t G = kLine<T>;
+    if (stage->rule != kEnv3RuleChild || stage->count % G != 0 ||
+        stage->reflectBase != stage->count * stage->inner * 2 - 1)
+        return 0;
+    int64_t elements = 0;
+    const env4<T>* level = first_item<env4<T>>(stage->childList);
+    while (true) {
+        elements += int64_t(G) * level->length;
+        const env7<T>* const below = first_item<env7<T>>(level->preList);
+        if (below->rule != kEnv7RuleChild) return elements;
+        level = first_item<env4<T>>(below->childList);
+    }
+}
+
+template <class T>
+void compute_env3_grouped(env3<T>* self, T* out, const T* in, T* work)
+{
+    constexpr int32_t G = kLine<T>;
+    for (int32_t i0 = 0; i0 < self->count; i0 += G) {
+        group_env4(first_item<env4<T>>(self->childList), GroupOut<T>{out, 1}, in, i0,
+                   self->reflectBase - 2 * i0, i0, work);
+    }
+}
+
+template <class T>
+[[gnu::noinline]] void compute_env3_grouped_on_stack(env3<T>* self, T* out, const T* in)
+{
+    T work[kGroupStackBytes / sizeof(T)];
+    compute_env3_grouped(self, out, in, work);
+}
+
+// Where the group's scratches go: dst if it lies apart from src, else the
+// stack if they fit there, else none (the plain path).
+template <class T>
+zptgStatus compute_env1_split(env1<T>* self, T* dst, const T* src)
+{
+    T* const scratch = self->scratch;
+    env3<T>* const stage = first_item<env3<T>>(self->preList);
+    env2<T>* const rows = first_item<env2<T>>(self->postList);
+    const int64_t work = group_work(stage);
+    const uintptr_t bytes = uintptr_t(self->length) * sizeof(T);
+    const uintptr_t to = reinterpret_cast<uintptr_t>(dst);
+    const uintptr_t from = reinterpret_cast<uintptr_t>(src);
+    if (work > 0 && (to < from ? from - to >= bytes : to - from >= bytes)) {
+        compute_env3_grouped(stage, scratch, src, dst);
+    } else if (work > 0 && work * int64_t(sizeof(T)) <= kGroupStackBytes) {
+        compute_env3_grouped_on_stack(stage, scratch, src);
+    } else {
+        env3_compute(stage, scratch, src);
+    }
+    env2_compute(rows, dst, scratch);
+    return zptgStatusOk;
+}
+
+template <class T>
+zptgStatus compute_env1(env1<T>* self, T* dst, const T* src)
+{
+    switch (self->rule) {
+    case 1: dct4::dct4_direct<2, T>(src, dst); return zptgStatusOk;
+    case 2: dct4::dct4_direct<4, T>(src, dst); return zptgStatusOk;
+    case 3: dct4::dct4_direct<8, T>(src, dst); return zptgStatusOk;
+    case 4: dct4::dct4_direct<16, T>(src, dst); return zptgStatusOk;
+    case 5: dct4::dct4_direct<32, T>(src, dst); return zptgStatusOk;
+    case kEnv1RuleSplit: return compute_env1_split(self, dst, src);
     default: return zptgStatusNotPlanned;
     }
-    return zptgStatusOk;
 }
 
 }  // namespace

@@ -58,28 +58,29 @@ ZPTG_BODY void dft8(const Cplx<T>* x, Cplx<T>* X)
 }
 
 // Twist of the direct rules: T_0 = F_0, T_t = F_t * pair t-1 of the row.
-template <int D2, class T>
+// The row's values lie RS elements apart.
+template <int D2, int RS, class T>
 ZPTG_BODY void twist_row(const T* row, const T* pairs, Cplx<T>* t)
 {
-    t[0] = {row[0], row[D2]};
+    t[0] = {row[0], row[RS * D2]};
     unroll<D2 - 1>([&](auto U) __attribute__((always_inline)) {
         constexpr int u = U + 1;
-        t[u] = rotate_by(Cplx<T>{row[u], row[D2 + u]}, pairs + 2 * U);
+        t[u] = rotate_by(Cplx<T>{row[RS * u], row[RS * (D2 + u)]}, pairs + 2 * U);
     });
 }
 
 // V[s], s = 0 .. D2-1, of one row, the upper half conjugated, handed to
-// put(S, V[s]) with S an integral constant. F_t is at row[t] (C) and
-// row[D2 + t] (S). Rules 1 to 3 (D2 = 2, 4, 8) read D2 - 1 pairs at `a`.
+// put(S, V[s]) with S an integral constant. F_t is at row[RS t] (C) and
+// row[RS (D2 + t)] (S). Rules 1 to 3 (D2 = 2, 4, 8) read D2 - 1 pairs at `a`.
 // D2 = 16 reads one triple at `a` and four at `b`; D2 = 32 reads eight
 // triples at `a` and seven pairs at `b`.
-template <int D2, class T, class Put>
+template <int D2, int RS, class T, class Put>
 ZPTG_BODY void row_dft_f(const T* row, const T* a, const T* b, Put&& put)
 {
     static_assert(D2 == 2 || D2 == 4 || D2 == 8 || D2 == 16 || D2 == 32);
     if constexpr (D2 <= 8) {
         Cplx<T> t[D2], V[D2];
-        twist_row<D2>(row, a, t);
+        twist_row<D2, RS>(row, a, t);
         if constexpr (D2 == 2) {
             V[0] = t[0] + t[1];
             V[1] = conj_sub(t[0], t[1]);
@@ -101,10 +102,11 @@ ZPTG_BODY void row_dft_f(const T* row, const T* a, const T* b, Put&& put)
         unroll<4>([&](auto C) __attribute__((always_inline)) {
             constexpr int c = C;
             Cplx<T> x[L];
-            x[0] = {row[c], row[D2 + c]};
+            x[0] = {row[RS * c], row[RS * (D2 + c)]};
             unroll<L - 1>([&](auto U) __attribute__((always_inline)) {
                 constexpr int u = U + 1;
-                x[u] = rotate_by(Cplx<T>{row[c + 4 * u], row[D2 + c + 4 * u]}, coarse + 2 * U);
+                x[u] = rotate_by(Cplx<T>{row[RS * (c + 4 * u)], row[RS * (D2 + c + 4 * u)]},
+                                 coarse + 2 * U);
             });
             if constexpr (L == 4) {
                 dft4<false>(x, Dc[c]);
@@ -132,12 +134,12 @@ ZPTG_BODY void row_dft_f(const T* row, const T* a, const T* b, Put&& put)
 // One row through the DFT, stored: V[s] for s < D2/2 at fwd + s step, and
 // the conjugated V[D2 - s] for s = 1 .. D2/2 at rev + (s - 1) step; real
 // part first, imaginary part imOffset further. Each V is stored as soon as
-// it is formed.
-template <int D2, class T>
+// it is formed. The row's values lie RS elements apart.
+template <int D2, int RS = 1, class T>
 ZPTG_BODY void row_dft_store(const T* row, const T* a, const T* b, T* fwd, T* rev, int step,
                              int imOffset)
 {
-    row_dft_f<D2>(row, a, b, [&](auto S, Cplx<T> v) __attribute__((always_inline)) {
+    row_dft_f<D2, RS>(row, a, b, [&](auto S, Cplx<T> v) __attribute__((always_inline)) {
         constexpr int s = S;
         T* const at = s < D2 / 2 ? fwd + s * step : rev + (D2 - 1 - s) * step;
         at[0] = v.re;
