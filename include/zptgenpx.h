@@ -485,6 +485,15 @@ ZPTG_WHT_FUNCTIONS(ZPTG_DECLARE_WHT_DIRECT_, ZPTG_DECLARE_WHT_BLOCKED_,
  * All sines and cosines are evaluated while a context is built; the
  * transform itself calls no library function and allocates nothing.
  *
+ * \par Memory a transform uses
+ * Besides the context's scratch: on the x86-64 build, from length 2^13 on
+ * (power-of-two lengths), a transform with \c dst apart from \c src uses
+ * \c dst as working space before it writes the result there; in place it
+ * takes that space, up to 32 KiB, from the stack (lengths 2^13 and 2^14)
+ * or does without it (longer lengths, which then run slower). Its stack use
+ * is at most 64 KiB in all cases (about 40 KiB with GCC 12); it never uses
+ * the heap.
+ *
  * \par Example
  * \include dct4.c
  * @{

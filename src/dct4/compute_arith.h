@@ -22,23 +22,38 @@ struct Cplx {
     T im;
 };
 
+// The same values as one aligned table per width, defined in another
+// translation unit. With SSE arithmetic the bodies read their multipliers
+// from there: the compiler then fetches them once per call into the frame,
+// ahead of the loop, instead of reading each from a literal of its own
+// wherever the linker has merged it into the library's constant pool, where
+// the speed of a loop came to depend on what the rest of the library put
+// around them (N = 2^10 and 2^11 32f, 1.3 times slower after an unrelated
+// change) and on where the stack lies. With x87 arithmetic the bodies keep
+// the literals: there the compiler's choice of what to keep in the wider
+// registers decides the last bits of a result, so the code stays as it is.
 template <class T, int N>
 struct MultiplierTable {
     alignas(64) T value[N];
 };
 extern const MultiplierTable<float, 129> kCos128Table_32f;
 extern const MultiplierTable<double, 129> kCos128Table_64f;
+#if defined(__SSE2_MATH__)
+constexpr bool kMultipliersFromTable = true;
+#else
+constexpr bool kMultipliersFromTable = false;
+#endif
 
-// cos(pi A / 128) as a literal of the scalar's width: float bodies take the
-// nearest float, every other scalar the nearest double.
+// cos(pi A / 128) in the scalar's width: float bodies take the nearest
+// float, every other scalar the nearest double.
 template <class T, int A>
 ZPTG_BODY T cos128()
 {
     static_assert(A >= 0 && A <= 128, "angle outside the literal table");
     if constexpr (std::is_same_v<T, float>) {
-        return kCos128Table_32f.value[A];
+        return kMultipliersFromTable ? kCos128Table_32f.value[A] : kCos128_32f[A];
     } else {
-        return T(kCos128Table_64f.value[A]);
+        return T(kMultipliersFromTable ? kCos128Table_64f.value[A] : kCos128_64f[A]);
     }
 }
 

@@ -73,7 +73,7 @@ E* first_item(EnvList* list)
 // from fwd + t stride (step innerStride) and mirrored from rev - t stride,
 // and fills column t of rows of 2 outerCount elements.
 template <int M, class T>
-[[gnu::flatten]] void oddfreq_columns(const T* fwd, const T* rev, int32_t stride,
+[[gnu::flatten, gnu::noinline]] void oddfreq_columns(const T* fwd, const T* rev, int32_t stride,
                                       int32_t innerStride, int32_t count, int32_t outerCount,
                                       T* out)
 {
@@ -219,20 +219,18 @@ zptgStatus compute_env2(env2<T>* self, T* dst, const T* in)
 // elements alike, and the row order decides which value stands.
 //
 // Where it pays, by the distance between a row's values in bytes (measured,
-// root rows alone): with SSE arithmetic from 2 KiB (N = 2^14 32f, 2^13 64f:
-// the stage takes 0.55 to 0.6 of the time) to 128 KiB; past that (N = 2^20
-// 64f) the buffer's line bursts cost more than they save. With x87
-// arithmetic the rows are slow enough to hide their misses, and the blocks
-// are faster at no length (slower by 10 to 20 % in 64f, and in 32f from
-// N = 2^17 on): not used.
-struct BlockedRows {
-    int32_t fromBytes;
-    int32_t toBytes;
-};
+// root rows alone): with SSE arithmetic from 2 KiB on (N = 2^14 32f, 2^13
+// 64f: the stage takes 0.55 to 0.6 of the time on an Intel Xeon). Far
+// distances, where every row's values lie in as many pages: on an AMD EPYC
+// (family 25) the blocks take 0.6 of the plain loop's time at 256 and 512
+// KiB (N = 2^20 64f, 2^21 32f; 2^21 64f 0.75), while an earlier run on the
+// Xeon found them slower at 256 KiB. With x87 arithmetic the rows are slow
+// enough to hide their misses, and the blocks are faster at no length
+// (slower by 10 to 20 % in 64f, and in 32f from N = 2^17 on): not used.
 #if defined(__SSE2_MATH__)
-constexpr BlockedRows kBlockedRows = {2048, 131072};
+constexpr int64_t kBlockedRowsFromBytes = 2048;
 #else
-constexpr BlockedRows kBlockedRows = {0, -1};
+constexpr int64_t kBlockedRowsFromBytes = INT64_MAX;
 #endif
 
 template <class T>
@@ -244,7 +242,7 @@ zptgStatus compute_env2_blocked(env2<T>* self, T* dst, const T* in)
     const int32_t rows = self->rows;
     const int32_t D = rule >= 1 && rule <= kEnv2RuleLast ? 1 << (rule - 1) : 0;
     const int64_t distance = int64_t(m) * int64_t(sizeof(T));
-    if (D == 0 || distance < kBlockedRows.fromBytes || distance > kBlockedRows.toBytes ||
+    if (D == 0 || distance < kBlockedRowsFromBytes ||
         self->reflectBase != 2 * D * m - 1 || rows % B != 0)
         return compute_env2(self, dst, in);
     // Chunk c of the buffer: forward value c of rows k0 .. k0+B-1, then
@@ -339,9 +337,10 @@ zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
 // 2d k + d + i: one element of each cache line it touches, the rest of the
 // line belonging to its neighbours (d = 32: a line holds 8 columns' elements
 // in 64f, 16 in 32f). Column after column, each of them fetches the line
-// again unless it stayed in cache for a whole column, and a column's lines
-// are a quarter (64f) or half (32f) of the source and of the scratch; inside
-// a column, power-of-two strides put the lines that one body reads or
+// again unless it stayed in cache for a whole column: two lines of every 2d
+// elements of the source and two of the scratch, 128 N / d bytes (4 N with
+// d = 32: a quarter of the source and of the scratch in 64f, a half in 32f).
+// Inside a column, power-of-two strides put the lines that one body reads or
 // writes into few cache sets.
 //
 // So the root may run the G columns of one line side by side, a group of G
@@ -357,11 +356,21 @@ zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
 // out line by line. Every value is formed by the same body from the same
 // operands as in the plain path: the same bits.
 //
+// With x87 arithmetic the columns keep the plain path: the wider registers
+// make a result's last bits depend on how the compiler spills, which is not
+// the same in both paths (and the x87 build could not be timed here).
+//
 // The scratches take G (m + m/d2 + ...) elements, less than N: they lie in
 // dst, which only the root's rows write, after the last column, when dst
 // lies apart from src; otherwise on the stack if they fit kGroupStackBytes.
-// The stack also holds the copy buffers (at most 4 KiB each, one level at a
-// time) and the rows' own buffer (4 KiB, see BlockedRows).
+// The stack also holds the copy buffers of one level at a time (two of at
+// most 4 KiB for the leaves, one for the rows) and, later, the root rows'
+// own buffer (4 KiB): at most about 46 KiB in all, with the scratches.
+//
+// The groups' copies cost about as much as they save while a column's lines
+// fit the first-level data cache (N = 2^12: the same time either way on an
+// AMD EPYC of family 25, 32 KiB per core); the columns go in groups from
+// kGroupFromBytes of a column's lines on (N = 2^13, both kinds).
 
 // Elements of one cache line: the group size.
 template <class T>
@@ -369,6 +378,15 @@ constexpr int32_t kLine = 64 / static_cast<int32_t>(sizeof(T));
 
 // Scratches of an in-place transform on the stack: at most this many bytes.
 constexpr int32_t kGroupStackBytes = 32768;
+
+// The lines a column of the plain path touches, from which groups are used.
+constexpr int64_t kGroupFromBytes = 32768;
+
+#if defined(__SSE2_MATH__)
+constexpr bool kGroupedColumns = true;
+#else
+constexpr bool kGroupedColumns = false;
+#endif
 
 // Where the members' outputs go: element p of member c at out[scale p + c].
 // The scratch of an env4 above is interleaved (scale G); the root's scratch
@@ -400,6 +418,12 @@ template <int M, class T>
         for (int32_t j = M / 2; j < M; ++j)
             __builtin_memcpy(in + G * (3 * M / 2 - 1 - j), rev - innerStride * j - (G - 1),
                              sizeof in / M);
+        // The next sub-sequence's lines, far apart in memory for long N,
+        // are asked for while this one computes.
+        for (int32_t j = 0; j < M / 2; ++j) {
+            __builtin_prefetch(fwd + stride + innerStride * j);
+            __builtin_prefetch(rev - stride - innerStride * (j + M / 2) - (G - 1));
+        }
         for (int32_t c = 0; c < G; ++c)
             dct4::oddfreq_column<M>(in + c, in + G * (3 * M / 2) - 1 - c, G, res + c, 2 * G, G);
         for (int32_t k = 0; k < M / 2; ++k) {
@@ -498,13 +522,16 @@ void group_env4(env4<T>* self, GroupOut<T> to, const T* in, int32_t first, int32
 }
 
 // Elements of the interleaved scratches of a group below env3; 0 where the
-// columns cannot go in groups (not rule 7, N = K + 1, d not a multiple of G).
+// columns do not go in groups (not rule 7, N = K + 1, d not a multiple of G,
+// or fewer than kGroupFromBytes of a column's lines).
 template <class T>
 int64_t group_work(const env3<T>* stage)
 {
     constexpr int32_t G = kLine<T>;
-    if (stage->rule != kEnv3RuleChild || stage->count % G != 0 ||
-        stage->reflectBase != stage->count * stage->inner * 2 - 1)
+    const int64_t d = stage->count;
+    if (!kGroupedColumns || stage->rule != kEnv3RuleChild || d % G != 0 ||
+        stage->reflectBase != d * stage->inner * 2 - 1 ||
+        128 * int64_t(stage->length) / d < kGroupFromBytes)
         return 0;
     int64_t elements = 0;
     const env4<T>* level = first_item<env4<T>>(stage->childList);

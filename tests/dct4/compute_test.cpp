@@ -1,8 +1,9 @@
 // What zptgDCT4_32f and zptgDCT4_64f compute, against long double references: every output of every
 // power of two up to 2^20 (so every body, and, where the arithmetic is SSE, the root's row blocks
-// from 2^14 on), also in place and repeated; the lengths 2^k + 1 against the formulas of their
-// split; the constants of the bodies; and the bodies run on counting scalars, each with exactly the
-// products, sums and negations of its rule and no store outside its places.
+// from 2^13 or 2^14 on and its columns in groups from 2^13 on, in place on the stack up to 2^14 and
+// by the plain path above), also in place and repeated; the lengths 2^k + 1 against the formulas of
+// their split; the constants of the bodies; and the bodies run on counting scalars, each with exactly
+// the products, sums and negations of its rule and no store outside its places.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -37,7 +38,7 @@ double norm(const Reals& x)
 }
 
 // The same context also runs x in place and, after another input, once more: both give the bits of
-// the first call. 2^15 brings the 32-column inner rows, 2^16 the 64-point inner bodies, 2^17 a
+// the first call, whichever path each took. 2^15 brings the 32-column inner rows, 2^16 the 64-point inner bodies, 2^17 a
 // third level.
 template <class T>
 void check_power_of_two(const Reals& x, const Reals& want)
