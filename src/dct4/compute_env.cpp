@@ -359,7 +359,7 @@ zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
 //
 // With x87 arithmetic the columns keep the plain path: the wider registers
 // make a result's last bits depend on how the compiler spills, which is not
-// the same in both paths (and the x87 build could not be timed here).
+// the same in both paths (and that build has not been timed with groups).
 //
 // The scratches take G (m + m/d2 + ...) elements, less than N: they lie in
 // dst, which only the root's rows write, after the last column, when dst
