@@ -118,9 +118,8 @@ TEST_F(DCT4Interface, DamagedRuleIsNotPlanned)
 }
 
 // InitAlloc takes one block of the reported size and Free gives it back, with the arena word
-// pointing at the tree; a rejected length allocates nothing and leaves the context alone; the
-// largest lengths pass the size query with a wrapped size, but no plan fits the arena's arithmetic,
-// and the block goes back.
+// pointing at the tree; the largest lengths pass the size query with a wrapped size, but no plan
+// fits the arena's arithmetic, and the block goes back.
 template <class T>
 void check_one_block_each_way()
 {
@@ -142,11 +141,16 @@ void check_one_block_each_way()
         EXPECT_EQ(log.last_released, block);
         EXPECT_EQ(log.word_at_release, tree_start(block));
     }
+    // Init and InitAlloc leave the length to planning: a rejected one fails in the caller's block
+    // too, allocates nothing and leaves the context alone.
     reset_allocation_log();
-    for (int n : {-1, 0, 1, 3, 12, 96, 1000, 1 << 28, (1 << 28) + 1}) {
-        typename Api<T>::Context* c = kUntouched<T>;
+    std::vector<unsigned char> caller(1 << 16);
+    for (int n : {-1, 0, 1, 3, 6, 12, 96, 1000, INT32_MIN, 1 << 28, (1 << 28) + 1}) {
+        typename Api<T>::Context *c = kUntouched<T>, *d = kUntouched<T>;
         EXPECT_EQ(Api<T>::init_alloc(&c, n), zptgStatusBadSize) << n;
+        if (n < (1 << 28)) { EXPECT_EQ(Api<T>::init(&d, n, caller.data() + 5), zptgStatusBadSize) << n; }
         EXPECT_EQ(c, kUntouched<T>);
+        EXPECT_EQ(d, kUntouched<T>);
     }
     EXPECT_EQ(log.allocations + log.releases, 0);
     // A failing allocator hands null to Init, whose null check answers; the null block then goes to
@@ -180,22 +184,6 @@ TEST_F(DCT4Interface, InitAllocAndFreeTakeAndGiveOneBlock)
 {
     check_one_block_each_way<float>();
     check_one_block_each_way<double>();
-}
-
-// Init leaves the length to planning: a rejected length fails with zptgStatusBadSize in the
-// caller's block too, and the context is left alone.
-TEST_F(DCT4Interface, InitWithRejectedLength)
-{
-    std::vector<unsigned char> block(1 << 16);
-    for (const int n : {0, -5, INT32_MIN, 1, 3, 6, 12, 96, 1000}) {
-        zptgDCT4Context_32f* c = kUntouched<float>;
-        zptgDCT4Context_64f* d = kUntouched<double>;
-        EXPECT_EQ(zptgDCT4Init_32f(&c, n, block.data()), zptgStatusBadSize) << n;
-        EXPECT_EQ(zptgDCT4Init_64f(&d, n, block.data() + 5), zptgStatusBadSize) << n;
-        EXPECT_EQ(c, kUntouched<float>);
-        EXPECT_EQ(d, kUntouched<double>);
-    }
-    EXPECT_EQ(allocation_log().allocations + allocation_log().releases, 0);
 }
 
 // Builds in a block of exactly the reported size that ends at an inaccessible page, with the base
