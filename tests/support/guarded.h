@@ -18,13 +18,11 @@ public:
     GuardedBlock(const GuardedBlock&) = delete;
     GuardedBlock& operator=(const GuardedBlock&) = delete;
     unsigned char* data() const { return data_; }
-    std::size_t bytes() const { return bytes_; }
 
 private:
     unsigned char* mapping_ = nullptr;
     std::size_t mapped_ = 0;
     unsigned char* data_ = nullptr;
-    std::size_t bytes_ = 0;
 };
 
 // n elements of T in a guarded block.
@@ -35,7 +33,6 @@ public:
     T* data() const { return reinterpret_cast<T*>(block_.data()); }
     T* begin() const { return data(); }
     T* end() const { return data() + n_; }
-    T& operator[](std::size_t i) const { return data()[i]; }
 
 private:
     GuardedBlock block_;

@@ -2,13 +2,12 @@
 // leaves a tape of everything it did, in order: every read of an input slot, every constant it
 // holds, every sum, difference, product and sign flip, and every store of a value or of a literal
 // zero. The scale factor is a value of its own kind, so that its products can be told apart from
-// those of the transform.
-//
-// What a tape says about its body: the operations it counts, the constants it holds, how often
-// each slot is read and stored and where reads and stores stand, and the first step outside the
-// bodies' contract (a product that is not constant or scale times data, a sum of anything but data,
-// a constant that is not a positive magnitude, a scale product used otherwise than by one store, as
-// it is or through one sign flip, a value computed for nothing, a slot out of range).
+// those of the transform. What a tape says about its body: the operations it counts, the constants
+// it holds, how often each slot is read and stored and where reads and stores stand, and the first
+// step outside the bodies' contract (a product that is not constant or scale times data, a sum of
+// anything but data, a constant that is not a positive magnitude, a scale product used otherwise
+// than by one store, as it is or through one sign flip, a value computed for nothing, a slot out of
+// range).
 #ifndef ZPTG_TESTS_SUPPORT_TAPE_H
 #define ZPTG_TESTS_SUPPORT_TAPE_H
 
@@ -55,9 +54,8 @@ struct SymbolOut {  // out(slot, value) stores, out.zero(slot) stores a literal 
     void zero(int slot) const;
 };
 
+// Runs a body with a fresh scale symbol, the tape's first step, and returns the tape.
 using SymbolicBody = void (*)(const SymbolIn&, const SymbolOut&, Symbol);
-
-// Runs the body with a fresh scale symbol, the tape's first step, and returns the tape.
 Tape record(SymbolicBody body);
 
 // Table with every part's bodies: add<Part>(table) for Part = 0 .. Parts - 1.

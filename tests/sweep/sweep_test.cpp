@@ -22,6 +22,7 @@
 #include <cstring>
 #include <limits>
 #include <map>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -191,30 +192,20 @@ void fill(T* v, std::size_t count, unsigned seed)
     }
 }
 
-// Blocks against an inaccessible page at each side, for src, dst and scratch; an array of n bytes
-// lies at the block's start (Before) or ends at its end (After).
-struct Guards {
-    GuardedBlock after[3] = {GuardedBlock{kRoom, Guard::After}, GuardedBlock{kRoom, Guard::After},
-                             GuardedBlock{kRoom, Guard::After}};
-    GuardedBlock before[3] = {GuardedBlock{kRoom, Guard::Before}, GuardedBlock{kRoom, Guard::Before},
-                              GuardedBlock{kRoom, Guard::Before}};
-    GuardedBlock none{0, Guard::After};  // no accessible byte at all
-
-    unsigned char* at(int array, Guard side, std::size_t n) const  // array: 0 src, 1 dst, 2 scratch
-    {
-        return side == Guard::After ? after[array].data() + kRoom - n : before[array].data();
-    }
-};
-
-Guards& guards()
+// An array of n bytes against an inaccessible page: at the start of a block (Before) or at its end
+// (After), one block for each of src (0), dst (1) and scratch (2) and each side.
+unsigned char* guarded(int array, Guard side, std::size_t n)
 {
-    static Guards g;
-    return g;
+    static std::unique_ptr<GuardedBlock> blocks[3][2];
+    std::unique_ptr<GuardedBlock>& b = blocks[array][side == Guard::Before];
+    if (!b) b = std::make_unique<GuardedBlock>(kRoom, side);
+    return b->data() + (side == Guard::After ? kRoom - n : 0);
 }
 
 TEST(GuardSweep, FailedChecksTouchNothing)
 {
-    void* none = guards().none.data();
+    static const GuardedBlock no_bytes(0);
+    void* none = no_bytes.data();
     std::vector<int> bad_flags = {INT_MIN, INT_MAX};
     for (int f = -64; f <= 64; ++f)
         if (f != 1 && f != 2 && f != 4 && f != 8) bad_flags.push_back(f);
@@ -257,7 +248,6 @@ std::vector<std::size_t> overlaps(const Case& c, std::size_t n)
 
 TEST(GuardSweep, PlacementsAndOverlapsGiveTheSeparateResult)
 {
-    const Guards& g = guards();
     unsigned seed = 0;
     for (const Case& c : every_case()) {
         Bytes input(c.src_bytes), want[4];
@@ -272,21 +262,21 @@ TEST(GuardSweep, PlacementsAndOverlapsGiveTheSeparateResult)
         for (int f = 0; f < 4; ++f)
             for (Guard side : {Guard::After, Guard::Before}) {
                 const std::string at = side == Guard::After ? " against the end" : " against the start";
-                unsigned char* src = g.at(0, side, c.src_bytes);
-                run_placed(c, src, g.at(1, side, c.dst_bytes), g.at(2, side, c.buffer_bytes), input, kFlags[f], want[f], at);
+                unsigned char* src = guarded(0, side, c.src_bytes);
+                run_placed(c, src, guarded(1, side, c.dst_bytes), guarded(2, side, c.buffer_bytes), input, kFlags[f], want[f], at);
                 ASSERT_EQ(std::memcmp(src, input.data(), c.src_bytes), 0) << c.name() << at << ": src changed";
-                unsigned char* both = g.at(1, side, in_place);
+                unsigned char* both = guarded(1, side, in_place);
                 run_placed(c, both, both, nullptr, input, kFlags[f], want[f], at + ", dst == src");
             }
         // dst k values above or below src, the pair against either guard, the flags in turn; Walsh
         // scratch of its own or none in turn.
         for (std::size_t k : overlaps(c, in_place / w)) {
             const Guard side = k % 2 ? Guard::After : Guard::Before;
-            unsigned char* buffer = k % 3 ? g.at(2, side, c.buffer_bytes) : nullptr;
+            unsigned char* buffer = k % 3 ? guarded(2, side, c.buffer_bytes) : nullptr;
             const std::string by = " dst " + std::to_string(k) + " values ";
-            unsigned char* span = g.at(1, side, std::max(c.src_bytes, k * w + c.dst_bytes));
+            unsigned char* span = guarded(1, side, std::max(c.src_bytes, k * w + c.dst_bytes));
             run_placed(c, span, span + k * w, buffer, input, kFlags[k % 4], want[k % 4], by + "above src");
-            span = g.at(1, side, std::max(c.dst_bytes, k * w + c.src_bytes));
+            span = guarded(1, side, std::max(c.dst_bytes, k * w + c.src_bytes));
             run_placed(c, span + k * w, span, buffer, input, kFlags[k % 4], want[k % 4], by + "below src");
         }
     }
