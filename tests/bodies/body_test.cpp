@@ -179,7 +179,8 @@ TapeSummary check_body(const Tape& tape, const std::vector<bool>& read, const st
     EXPECT_EQ(s.held, s.counts[3]) << "a constant held more than once";
     EXPECT_EQ(s.counts, manifest) << "against the manifest";
     const std::set<double> allowed = nearest(n);
-    for (double c : s.constants) EXPECT_TRUE(allowed.empty() || allowed.count(c)) << c << " is not a nearest |cos| or |sin| of 2 pi k/" << n;
+    for (double c : s.constants)
+        EXPECT_TRUE(allowed.empty() || allowed.count(c)) << c << " is not a nearest |cos| or |sin| of 2 pi k/" << n;
     return s;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <regex>
 
 namespace zptg::test {
 namespace {
@@ -22,24 +23,20 @@ constexpr Family kFamilies[] = {
     {"zptgDFTFwd_RToPerm", Layout::ToPerm, F}, {"zptgDFTInv_PermToR", Layout::FromPerm, I},
     {"zptgHartley", Layout::Hartley, S},       {"zptgWHT", Layout::Walsh, S},
 };
-constexpr const char* kOtherPrefixes[] = {"zptgenGetLibVersion", "zptgWHTGetBufferSize_", "zptgDCT4"};
+// The library's other functions.
+constexpr const char* kOthers = "zptgenGetLibVersion|zptgWHTGetBufferSize_.*|zptgDCT4.*";
 
 // A transform of a known family and kind, with a size in its range.
 bool parse(const std::string& name, Transform* t)
 {
-    const size_t last = name.rfind('_');
-    if (last == std::string::npos || last == 0) return false;
-    const size_t before = name.rfind('_', last - 1);
-    const std::string kind = name.substr(last + 1);
-    const std::string number = before == std::string::npos ? "" : name.substr(before + 1, last - before - 1);
-    const bool sized = !number.empty() && number.find_first_not_of("0123456789") == std::string::npos;
-    const std::string stem = name.substr(0, sized ? before : last);
-    for (const Family& f : kFamilies) {
-        const std::string c = f.layout == Layout::Complex ? "c" : "";
-        if (stem != f.stem || (kind != "32f" + c && kind != "64f" + c)) continue;
-        *t = {name, stem, f.layout, f.direction, kind[0] == '3' ? 4u : 8u, sized ? std::stoi(number) : 0, nullptr};
-        return !sized || (t->size >= t->min_size() && t->size <= t->max_size());
-    }
+    static const std::regex form(R"((\w+?)(?:_(\d+))?_((?:32|64)f)(c?))");
+    std::smatch m;
+    if (!std::regex_match(name, m, form)) return false;
+    for (const Family& f : kFamilies)
+        if (m[1] == f.stem && (m[4].length() == 1) == (f.layout == Layout::Complex)) {
+            *t = {name, f.stem, f.layout, f.direction, m[3] == "32f" ? 4u : 8u, m[2].matched ? std::stoi(m[2]) : 0, nullptr};
+            return !m[2].matched || (t->size >= t->min_size() && t->size <= t->max_size());
+        }
     return false;
 }
 
@@ -109,13 +106,8 @@ std::vector<Transform> exported_transforms(std::vector<std::string>* unknown)
             continue;
         *strchrnul(name, '@') = '\0';
         Transform t{};
-        if (parse(name, &t) && (t.address = dlsym(RTLD_DEFAULT, name)) != nullptr) {
-            out.push_back(t);
-            continue;
-        }
-        bool other = false;
-        for (const char* prefix : kOtherPrefixes) other = other || std::strncmp(name, prefix, std::strlen(prefix)) == 0;
-        if (!other) unknown->push_back(name);
+        if (parse(name, &t) && (t.address = dlsym(RTLD_DEFAULT, name)) != nullptr) out.push_back(t);
+        else if (!std::regex_match(name, std::regex(kOthers))) unknown->push_back(name);
     }
     if (symbols == nullptr || pclose(symbols) != 0 || out.empty()) unknown->push_back("the export list, unread");
     return out;

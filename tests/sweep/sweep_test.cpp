@@ -95,7 +95,8 @@ void check_exact(const Transform& t)
         Reals x = random_values(t.src_values(t.size), 1000u * t.size + unsigned(input));
         if (input == 0) std::fill(x.begin(), x.end(), 0.0L), x[0] = 1;
         std::vector<R> src(x.begin(), x.end()), y[4];
-        for (size_t i = 0; input > 2 && i < src.size(); ++i) src[i] = input == 3 ? R(NAN) : i % 3 ? R(INFINITY) : -R(INFINITY);
+        for (size_t i = 0; input > 2 && i < src.size(); ++i)
+            src[i] = input == 3 ? R(NAN) : i % 3 ? R(INFINITY) : -R(INFINITY);
         if (t.layout == Layout::FromCcs) src[1] = NAN;  // Im X[0], never read
         for (int f = 0; f < 4; ++f) {
             y[f].assign(m, R(NAN));
@@ -117,7 +118,8 @@ void check_exact(const Transform& t)
             for (long double v : unscaled) largest = std::max(largest, std::fabs(v * s));
             std::string fault;
             for (int p = 0; p < m && fault.empty(); ++p) {
-                const long double want = unscaled[p] * (input == 0 ? factor : s), margin = input == 0 ? 0 : 0x1p-44L * largest;
+                const long double want = unscaled[p] * (input == 0 ? factor : s);
+                const long double margin = input == 0 ? 0 : 0x1p-44L * largest;
                 const R got = y[f][p];
                 if (!(std::fabs(got - want) <= error)) error = std::fabs(got - want);  // NaN sticks
                 if ((input == 0 || (sizeof(R) == 4 && t.layout != Layout::Walsh)) &&
@@ -222,7 +224,8 @@ TEST(GuardSweep, FailedChecksTouchNothing)
             EXPECT_EQ(t.call(none, nullptr, c.size, flag, none), zptgStatusNullPtr) << c.name();
             EXPECT_EQ(t.call(nullptr, nullptr, c.size, flag, none), zptgStatusNullPtr) << c.name();
         }
-        for (int flag : bad_flags) EXPECT_EQ(t.call(none, none, c.size, flag, none), zptgStatusBadFlag) << c.name() << " flag " << flag;
+        for (int flag : bad_flags)
+            EXPECT_EQ(t.call(none, none, c.size, flag, none), zptgStatusBadFlag) << c.name() << " flag " << flag;
         if (!t.dispatcher() || c.size != t.min_size()) continue;
         for (int size : {t.min_size() - 1, t.min_size() - 2, -1, t.max_size() + 1, t.max_size() + 2, INT_MAX, INT_MIN}) {
             EXPECT_EQ(t.call(none, none, size, 1, none), zptgStatusBadSize) << t.name << " " << size;
@@ -237,7 +240,8 @@ void run_placed(const Case& c, unsigned char* src, unsigned char* dst, unsigned 
 {
     std::memcpy(src, input.data(), input.size());
     ASSERT_EQ(c.t->call(src, dst, c.size, flag, buffer), zptgStatusOk) << c.name() << where;
-    ASSERT_EQ(std::memcmp(dst, want.data(), want.size()), 0) << c.name() << " flag " << flag << where << ": dst differs from separate arrays";
+    ASSERT_EQ(std::memcmp(dst, want.data(), want.size()), 0)
+        << c.name() << " flag " << flag << where << ": dst differs from separate arrays";
 }
 
 // Overlaps by k values of arrays of n: every k for a kernel of up to 64 points (each k puts other
@@ -268,12 +272,11 @@ TEST(GuardSweep, PlacementsAndOverlapsGiveTheSeparateResult)
         for (int f = 0; f < 4; ++f)
             for (Guard side : {Guard::After, Guard::Before}) {
                 const std::string at = side == Guard::After ? " against the end" : " against the start";
-                unsigned char* src = guarded(0, side, c.src_bytes);
-                run_placed(c, src, guarded(1, side, c.dst_bytes), guarded(2, side, c.buffer_bytes), input, kFlags[f], want[f], at);
+                unsigned char *src = guarded(0, side, c.src_bytes), *scratch = guarded(2, side, c.buffer_bytes);
+                run_placed(c, src, guarded(1, side, c.dst_bytes), scratch, input, kFlags[f], want[f], at);
                 ASSERT_EQ(std::memcmp(src, input.data(), c.src_bytes), 0) << c.name() << at << ": src changed";
                 unsigned char* both = guarded(1, side, in_place);
-                unsigned char* scratch = f % 2 ? guarded(2, side, c.buffer_bytes) : nullptr;  // Walsh: own or none
-                run_placed(c, both, both, scratch, input, kFlags[f], want[f], at + ", dst == src");
+                run_placed(c, both, both, f % 2 ? scratch : nullptr, input, kFlags[f], want[f], at + ", dst == src");
             }
         // dst k values above or below src, the pair against either guard, the flags in turn; Walsh
         // scratch of its own or none in turn.

@@ -45,7 +45,8 @@ void run_dct4(unsigned seed, std::vector<Bytes>& out)
             for (int round = 0; round < 2; ++round) {
                 const Bytes src = values(std::size_t(n) + 1, sizeof(T), seed + unsigned(n + round));
                 Bytes dst(src.size(), 7);
-                const bool ok = built && A::run(reinterpret_cast<const T*>(src.data()), reinterpret_cast<T*>(dst.data()), c) == zptgStatusOk;
+                const bool ok = built && A::run(reinterpret_cast<const T*>(src.data()),
+                                                reinterpret_cast<T*>(dst.data()), c) == zptgStatusOk;
                 out.push_back(ok ? dst : Bytes(1, 0xee));
             }
         if (allocated != nullptr) A::release(allocated);
