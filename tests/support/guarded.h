@@ -1,7 +1,6 @@
 // A block of exactly `bytes` that ends `gap` bytes before an inaccessible page (Guard::After) or
 // begins `gap` bytes after one (Guard::Before), with such a page on its other side too: with gap 0
-// a single access past the end (or before the start) faults. Zero bytes give a pointer at the
-// guard.
+// a single access past either end faults. Zero bytes give a pointer at the guard.
 #ifndef ZPTG_TESTS_SUPPORT_GUARDED_H
 #define ZPTG_TESTS_SUPPORT_GUARDED_H
 

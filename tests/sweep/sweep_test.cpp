@@ -156,8 +156,7 @@ TEST(Kernels, ExactValuesUnderEveryFlag)
     }
 }
 
-// One function at one size: a kernel at its own, a dispatcher at each; with the named kernel of
-// that size.
+// One function at one size (a kernel at its own, a dispatcher at each) and the kernel of the size.
 struct Case {
     const Transform* t;
     int size;
