@@ -5,7 +5,7 @@
 # the bodies write their operations) records the new hash below.
 #
 #   cmake -DGENERATOR=<zptg_gen> -DOUT=<scratch dir> -P complex_output.cmake
-set(expected 362809dccd7984b86bdeb38229545e0faccad4d523bcf57cfb723f61b107962d)
+set(expected 092a083cb61f7fbd10f113ae458b0bead134564a652aee06b15d477fca88335d)
 
 file(REMOVE_RECURSE ${OUT})
 execute_process(COMMAND ${GENERATOR} ${OUT} complex RESULT_VARIABLE status)
