@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "bench.h"
+#include "code_size.h"
 #include "complex_members.h"
 #include "floor.h"
 
@@ -50,8 +51,8 @@ void report_case(const Settings& s, const Case<E>& k, const Comparison& c,
     comparison_cells(table, c);
     FftwCounts fftw;
     Fftw<RealOf<E>>::flops(k.scalar.plan, &fftw.add, &fftw.mul, &fftw.fma);
-    floor_cells(table, s, k.n, c, find_counts(manifest, k.n, {k.m.direction}), 2L * k.n, fftw,
-                totals);
+    floor_cells(table, s, k.n, c, code_address(k.m.kernels[k.n - 2]),
+                find_counts(manifest, k.n, {k.m.direction}), 2L * k.n, fftw, totals);
 }
 
 template <class E>

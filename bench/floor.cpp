@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "code_size.h"
+
 namespace zptg::bench {
 
 double SpeedTotals::geomean_scalar() const { return std::exp(log_sum / count); }
@@ -28,16 +30,17 @@ std::string speed_legend(const std::string& scale_products)
 
 std::vector<std::string> floor_columns()
 {
-    return {"ours_tsc_ticks", "ours_cycles", "operations", "ops_per_cycle", "ours_sums",
+    return {"code_bytes", "ours_tsc_ticks", "ours_cycles", "operations", "ops_per_cycle", "ours_sums",
             "ours_products", "fftw_sums", "fftw_products", "sums_ratio", "bound_cycles",
             "of_bound_%", "floor_ratio", "rule"};
 }
 
-void floor_cells(Table& table, const Settings& s, int n, const Comparison& c,
+void floor_cells(Table& table, const Settings& s, int n, const Comparison& c, const void* kernel,
                  const KernelCounts* counts, long scale_products, const FftwCounts& fftw,
                  SpeedTotals& totals)
 {
     const double cycles = c.subjects[0].ns * s.core_ghz;
+    table.cell(code_bytes(kernel));
     table.cell(c.subjects[0].ticks, 0);
     table.cell(cycles, 0);
     if (counts) {

@@ -36,16 +36,17 @@ struct SpeedTotals {
     double geomean_scalar() const;
 };
 
-// ours_tsc_ticks, ours_cycles, operations, ops_per_cycle, ours_sums,
+// code_bytes, ours_tsc_ticks, ours_cycles, operations, ops_per_cycle, ours_sums,
 // ours_products, fftw_sums, fftw_products, sums_ratio, bound_cycles,
 // of_bound_%, floor_ratio, rule.
 std::vector<std::string> floor_columns();
 
-// Fills floor_columns() for a race whose subjects are ours, scalar FFTW and
-// SIMD FFTW, and adds the size to the totals. counts may be null (no
-// manifest): the count columns then read "?". scale_products: the products
-// with the scale factor that the manifest's counts leave out.
-void floor_cells(Table& table, const Settings& s, int n, const Comparison& c,
+// Fills floor_columns() for a race whose subjects are ours (the library's
+// function `kernel`), scalar FFTW and SIMD FFTW, and adds the size to the
+// totals. counts may be null (no manifest): the count columns then read "?".
+// scale_products: the products with the scale factor that the manifest's
+// counts leave out.
+void floor_cells(Table& table, const Settings& s, int n, const Comparison& c, const void* kernel,
                  const KernelCounts* counts, long scale_products, const FftwCounts& fftw,
                  SpeedTotals& totals);
 

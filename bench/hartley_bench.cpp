@@ -8,6 +8,7 @@
 
 #include "accuracy.h"
 #include "bench.h"
+#include "code_size.h"
 #include "fftw_peer.h"
 #include "floor.h"
 #include "real_kernels.h"
@@ -69,7 +70,8 @@ void time_kind(const Settings& s, const Manifest& manifest, Table& table, Table&
         comparison_cells(table, c);
         FftwCounts fftw;
         Fftw<R>::flops(k.scalar.plan, &fftw.add, &fftw.mul, &fftw.fma);
-        floor_cells(table, s, k.n, c, find_counts(manifest, k.n, {"hartley", ""}), k.n, fftw, t);
+        floor_cells(table, s, k.n, c, code_address(real_kernel<R>(kStem, k.n)),
+                    find_counts(manifest, k.n, {"hartley", ""}), k.n, fftw, t);
     }
     summary.row();
     summary.cell(kind_name<R>());

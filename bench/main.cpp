@@ -10,6 +10,7 @@
 // every fixed-size family without timing anything. --gbench runs the complex kernels and
 // scalar FFTW through Google Benchmark's own runner instead, as a cross-check
 // of the interleaved harness.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -20,18 +21,32 @@
 
 #include "bench.h"
 #include "gbench.h"
+#include "report.h"
 
 namespace {
 
 using namespace zptg::bench;
 
-std::string cpu_model()
+// The processor as /proc/cpuinfo names it: vendor, family, model and
+// stepping, then its marketing name (the same for machines of different
+// generations on some virtual machines).
+std::string cpu_identity()
 {
     std::ifstream in("/proc/cpuinfo");
-    std::string line;
-    while (std::getline(in, line))
-        if (line.rfind("model name", 0) == 0) return line.substr(line.find(':') + 2);
-    return "unknown CPU";
+    std::string line, vendor = "?", family = "?", model = "?", stepping = "?", name = "unknown CPU";
+    auto value = [&](const char* key, std::string& out) {
+        if (line.rfind(key, 0) == 0 && line.find(':') != std::string::npos &&
+            line.find_first_not_of(" \t", std::strlen(key)) == line.find(':'))
+            out = line.substr(std::min(line.size(), line.find(':') + 2));
+    };
+    while (std::getline(in, line) && !line.empty()) {
+        value("vendor_id", vendor);
+        value("cpu family", family);
+        value("model", model);
+        value("model name", name);
+        value("stepping", stepping);
+    }
+    return vendor + " family " + family + " model " + model + " stepping " + stepping + " (" + name + ")";
 }
 
 bool wanted(const std::string& only, const char* part)
@@ -88,7 +103,7 @@ int main(int argc, char** argv)
     char date[64];
     const std::time_t now = std::time(nullptr);
     std::strftime(date, sizeof date, "%Y-%m-%d %H:%M UTC", std::gmtime(&now));
-    std::string head = "date: " + std::string(date) + "\ncpu: " + cpu_model() +
+    std::string head = "date: " + std::string(date) + "\ncpu: " + cpu_identity() +
                        "\nconfiguration: " + s.configuration + " build (" +
                        (s.configuration == "i386" ? "32-bit, x87" : "x86-64") +
                        ")\ncompiler: " + __VERSION__ + "\n";
@@ -112,6 +127,7 @@ int main(int argc, char** argv)
         head += b;
     }
     std::printf("%s", head.c_str());
+    set_results_note("cpu: " + cpu_identity() + "; " + s.configuration + " build");
     std::ofstream(s.out_dir + "/run.txt") << head;
 
     if (wanted(only, "complex")) bench_complex(s);

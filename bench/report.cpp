@@ -7,6 +7,17 @@
 #include <stdexcept>
 
 namespace zptg::bench {
+namespace {
+
+std::string& results_note()
+{
+    static std::string note;
+    return note;
+}
+
+}  // namespace
+
+void set_results_note(const std::string& line) { results_note() = line; }
 
 Table::Table(std::string name, std::string title, std::vector<std::string> columns)
     : name_(std::move(name)), title_(std::move(title)), columns_(std::move(columns))
@@ -62,9 +73,11 @@ void Table::write(const std::string& dir) const
     const std::string txt = dir + "/" + name_ + ".txt";
     std::FILE* f = std::fopen(txt.c_str(), "w");
     if (!f) throw std::runtime_error("cannot write " + txt);
+    if (!results_note().empty()) std::fprintf(f, "%s\n", results_note().c_str());
     print(f);
     std::fclose(f);
     std::ofstream csv(dir + "/" + name_ + ".csv");
+    if (!results_note().empty()) csv << "# " << results_note() << "\n";
     for (size_t c = 0; c < columns_.size(); ++c) csv << (c ? "," : "") << columns_[c];
     csv << "\n";
     for (const auto& r : rows_) {

@@ -13,6 +13,10 @@
 
 namespace zptg::bench {
 
+// A line that every results file written after this call begins with (the
+// CSV files as a comment, which gnuplot skips): the CPU and the build.
+void set_results_note(const std::string& line);
+
 class Table {
 public:
     Table(std::string name, std::string title, std::vector<std::string> columns);

@@ -29,7 +29,8 @@ set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "libzptgenpx${PROJECT_VERSION}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
 # Description: the first line is the synopsis.
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "fixed-size linear transforms, generic scalar variant
-libzptgenpx.so.${PROJECT_VERSION}: the complex DFT of every length 2 to 64, the
+libzptgenpx.so.${PROJECT_VERSION}: the complex DFT, the real DFT in three packed
+spectrum layouts and the Hartley transform of every length 2 to 64, the
 Walsh-Hadamard transform of orders 1 to 13 and the type-IV DCT of
 power-of-two lengths, in plain scalar code without vector instructions.")
 set(CPACK_DEBIAN_CORE_PACKAGE_NAME "libzptcore${PROJECT_VERSION}")

@@ -57,7 +57,7 @@ extern "C" {
  * with ::zptgStatusBadFlag. The flag names the direction that carries the
  * division:
  *
- * | flag | value | forward DFT | inverse DFT | Walsh-Hadamard (no direction) |
+ * | flag | value | forward DFT | inverse DFT | Hartley, Walsh-Hadamard (no direction) |
  * |---|---|---|---|---|
  * | ::zptgScaleFwdByN  | 1 | 1/N       | 1         | 1/N       |
  * | ::zptgScaleInvByN  | 2 | 1         | 1/N       | 1/N       |
@@ -289,25 +289,78 @@ ZPTG_API const zptgLibVersion* zptgenGetLibVersion(void);
  */
 ZPTG_DFT_COMPLEX_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
 
-/*
- * Real DFT: zptgDFTFwd_RTo<layout>_<N>_<kind>(src, dst, flag) takes N reals
- * to the half spectrum X[0 .. N/2] packed as <layout>:
- *   CCS   Re X[k] at 2k, Im X[k] at 2k + 1 (N + 2 elements for even N,
- *         N + 1 for odd N; Im X[0] and Im X[N/2] stored as +0.0)
- *   Pack  X[0] at 0, Re X[k] at 2k - 1, Im X[k] at 2k, X[N/2] at N - 1
- *   Perm  as Pack for odd N; for even N X[0] at 0, X[N/2] at 1 and the
- *         other terms as in CCS
- * (N elements for Pack and Perm). zptgDFTInv_<layout>ToR_<N>_<kind> takes
- * the layout back to N reals and reads only the positions that hold a
- * value. The dispatchers take N between dst and flag. dst may equal src.
+/**
+ * \defgroup dft_real Real DFT
+ * \brief Forward and inverse DFT of real data, every length 2 to 64, with
+ * the half spectrum packed as CCS, Pack or Perm; one exported kernel per
+ * length, direction and layout.
+ *
+ * Forward: N reals x to the terms X[0] .. X[N/2] of
+ * X[k] = s * sum over n = 0 .. N-1 of x[n] e^(-2 pi i kn/N), stored in the
+ * layout of the function's name (\ref packed_layouts). Inverse: the layout
+ * back to N reals,
+ * x[n] = s * (R0 + 2 sum over k = 1 .. P of (Rk cos(2 pi kn/N) - Ik sin(2 pi kn/N)) + T(n)),
+ * with Rk = Re X[k], Ik = Im X[k], P = floor((N-1)/2) and T(n) = (-1)^n R(N/2)
+ * for even N, 0 for odd N. s is the factor of the flag (\ref conventions).
+ *
+ * \par Functions
+ * 756 kernels and 12 dispatchers, for layout = CCS, Pack, Perm and
+ * kind = 32f (::zptg32f), 64f (::zptg64f):
+ * \code
+ * zptgStatus zptgDFTFwd_RTo<layout>_<N>_<kind>(const type* src, type* dst, int flag);
+ * zptgStatus zptgDFTInv_<layout>ToR_<N>_<kind>(const type* src, type* dst, int flag);
+ *
+ * zptgStatus zptgDFTFwd_RTo<layout>_<kind>(const type* src, type* dst, int len, int flag);
+ * zptgStatus zptgDFTInv_<layout>ToR_<kind>(const type* src, type* dst, int len, int flag);
+ * \endcode
+ * for example zptgDFTFwd_RToCCS_16_64f() and its dispatcher
+ * zptgDFTFwd_RToCCS_64f().
+ *
+ * \par Arguments and statuses
+ * - Forward: \c src holds N reals; \c dst the layout: N + 2 elements in
+ *   CCS for even N, N + 1 for odd N, N in Pack and Perm. Every position of
+ *   the layout is written once and nothing beyond it; the two zeros of CCS
+ *   are stored as +0.0 on every call, whatever the flag and the input.
+ * - Inverse: \c src holds the layout, of which exactly N positions are
+ *   read: CCS positions 1 and N + 1 never are (a CCS input of N + 1
+ *   elements is enough for even N); \c dst holds N reals.
+ * - \c dst may be \c src (every value is read before the first store).
+ * - Statuses and their order as for every fixed-size family
+ *   (\ref conventions).
+ *
+ * \par Example
+ * \include dft_real.c
  */
 ZPTG_DFT_REAL_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
 
-/*
- * Hartley transform: zptgHartley_<N>_<kind>(src, dst, flag),
- * H[k] = s * sum_n x[n] (cos + sin)(2 pi k n / N); flags 1 and 2 both
- * scale by 1/N. The dispatchers take N between dst and flag. dst may equal
- * src.
+/**
+ * \defgroup hartley Hartley transform
+ * \brief The discrete Hartley transform of N reals to N reals, every length
+ * 2 to 64, one exported kernel per length.
+ *
+ * H[k] = s * sum over n = 0 .. N-1 of x[n] (cos(2 pi kn/N) + sin(2 pi kn/N)),
+ * in natural order, with no packed layout: H[k] = Re X[k] - Im X[k] for the
+ * spectrum X of the real DFT. The transform has no direction: flags 1 and
+ * 2 both divide by N, so one call under flag 1 and one under flag 8 give
+ * the input back, as do two calls under flag 4.
+ *
+ * \par Functions
+ * 126 kernels and 2 dispatchers:
+ * \code
+ * zptgStatus zptgHartley_<N>_32f(const zptg32f* src, zptg32f* dst, int flag);
+ * zptgStatus zptgHartley_<N>_64f(const zptg64f* src, zptg64f* dst, int flag);
+ *
+ * zptgStatus zptgHartley_32f(const zptg32f* src, zptg32f* dst, int len, int flag);
+ * zptgStatus zptgHartley_64f(const zptg64f* src, zptg64f* dst, int len, int flag);
+ * \endcode
+ *
+ * \par Arguments and statuses
+ * \c src and \c dst hold N elements each and nothing beyond is read or
+ * written; \c dst may be \c src. Statuses and their order as for every
+ * fixed-size family (\ref conventions).
+ *
+ * \par Example
+ * \include hartley.c
  */
 ZPTG_HARTLEY_FUNCTIONS(ZPTG_DECLARE_KERNEL_, ZPTG_DECLARE_DISPATCHER_)
 

@@ -6,18 +6,22 @@ records which tests fail on each: the test suite must fail on every one.
 
 The scratch tree is a copy of the sources (never the work tree itself: each
 fault is an edit of a source file, undone after its run). Each fault is one
-textual replacement; the build is rebuilt and the suite run with ctest, all
-of it for a fault in the DCT-IV (unless ZPTG_FAULTS_SHORT is set); for any
-other, the DCT-IV's long accuracy tests (minutes under an emulator) are left
-out. Prints one line per fault:
-its name, the file, and the failed tests.
+or a few textual replacements in one file; the build is rebuilt and the suite
+run with ctest, all of it for a fault in the DCT-IV (unless ZPTG_FAULTS_SHORT
+is set); for any other, the DCT-IV's long accuracy tests (minutes under an
+emulator) are left out. Prints one line per fault: its name, the file, and
+the failed tests.
 """
 import os
 import re
 import subprocess
 import sys
 
-# name, file, text, replacement, configuration ("" for any)
+# name, file, text, replacement, configuration ("" for any); text and replacement may be tuples
+# of as many edits of the one file. In emit.cpp, `planted_body` is the name of the body function
+# being written (see PRELUDE).
+STORE = '        text_ << "    out(" << p.position << ", ";'
+HEADER = r'                << "(const In& in, const Out& out, T s)\n{\n";'
 FAULTS = [
     ("wrong constant: a twiddle of forward_16 one unit off", "generator/core/emit.cpp",
      '<< "(" << double_literal(double(g.constants()[n.constant]))',
@@ -35,13 +39,15 @@ FAULTS = [
      "        for (int i = 1; i < P; ++i) sum = sum + in[i];\n"
      "        out[0] = finish(sum);\n"
      "    }\n}", ""),
-    ("swapped stores: outputs 2 and 4 of forward_20", "generator/core/emit.cpp",
-     '        text_ << "    out(" << k << ", s * "',
-     '        text_ << "    out(" << (swap_stores && (k == 2 || k == 4) ? 6 - k : k) << ", s * "', ""),
-    ("missing store: output 5 of forward_20", "generator/core/emit.cpp",
-     r'''        text_ << "    out(" << k << ", s * " << value << ");\n";''',
-     r'''        if (swap_stores && k == 5) text_ << "    (void)" << value << ";\n"; else
-        text_ << "    out(" << k << ", s * " << value << ");\n";''', ""),
+    ("swapped stores: positions 2 and 4 of forward_20", "generator/core/emit.cpp", STORE,
+     '        text_ << "    out(" << (planted_body == "forward_20" && (p.position == 2 || p.position == 4) '
+     '? 6 - p.position : p.position) << ", ";', ""),
+    ("missing store: position 5 of forward_20", "generator/core/emit.cpp", STORE,
+     '        if (planted_body == "forward_20" && p.position == 5) {\n'
+     '            text_ << "    (void)" << value << ";\\n";\n'
+     '            ++stored_;\n'
+     '            return;\n'
+     '        }\n' + STORE, ""),
     ("wrong rule choice: length 10 as 5 x 2 instead of 2 x 5", "generator/rules/table.cpp",
      "t[10] = gt(10, 2, 5);", "t[10] = gt(10, 5, 2);", ""),
     ("wrong scale constant: 1/sqrt(7) of 64fc the nearest value", "generator/core/number.cpp",
@@ -64,6 +70,26 @@ FAULTS = [
      "    blocked_passes<Order>(src, dst, buffer, factor);\n    buffer[scratch_elements(Order)] = factor;", ""),
     ("DCT-IV size-table entry off by one: the direct rule of 8 at 9", "src/dct4/plan_common.h",
      "    1, 0, 2, 0, 0, 0, 3, 0, 0, 0,", "    1, 0, 2, 0, 0, 0, 0, 3, 0, 0,", ""),
+    # The real DFT and Hartley families.
+    ("wrong constant: the second constant of the real inverse_pack_20 one unit off", "generator/core/emit.cpp",
+     '<< "(" << double_literal(double(g.constants()[n.constant]))',
+     '<< "(" << double_literal(name == "inverse_pack_20" && constant_name.size() == 2 '
+     '? __builtin_nextafter(double(g.constants()[n.constant]), 2.0) : double(g.constants()[n.constant]))', ""),
+    ("CCS zeros stored first: forward_ccs_10 stores Im X[0] and Im X[5] before its reads", "generator/core/emit.cpp",
+     (HEADER, "    body.store_zeros();\n"),
+     (HEADER + '\n    if (name == "forward_ccs_10") body.store_zeros();',
+      '    if (name != "forward_ccs_10") body.store_zeros();\n'), ""),
+    ("inverse kernel loads CCS position 1: inverse_ccs_8 reads Re X[0] from Im X[0]",
+     "generator/families/real_family.cpp",
+     "    for (int j = 0; j < n; ++j) l.reads.push_back(packed_position(p, n, half_slot(n, j)));",
+     "    for (int j = 0; j < n; ++j)\n"
+     "        l.reads.push_back(p == Packing::CCS && n == 8 && j == 0 ? 1 : packed_position(p, n, half_slot(n, j)));", ""),
+    ("Hartley output sign: H[3] of hartley_16 negated", "generator/core/emit.cpp",
+     "        if (p.negated != outputs_[k].neg)",
+     '        if (p.negated != (outputs_[k].neg != (planted_body == "hartley_16" && k == 3)))', ""),
+    ("wrong rule choice: Hartley length 12 from the real spectrum instead of the pairs",
+     "generator/rules/hartley_kernel.cpp",
+     "constexpr int kFromSpectrum[] = {8,  9,  16,", "constexpr int kFromSpectrum[] = {8,  9,  12, 16,", ""),
 ]
 
 # Minutes under an emulator, and blind to faults outside the DCT-IV.
@@ -73,9 +99,9 @@ LONG_DCT4_TESTS = "EveryOutputOfPowersOfTwo|LengthsNineTo16385|BlockedRows|Refer
 PRELUDE = {
     "generator/core/emit.cpp": (
         "class BodyText {",
-        "bool moved_read = false, swap_stores = false;  // planted\n\nclass BodyText {",
-        "    BodyText body(g);",
-        '    moved_read = name == "forward_30";\n    swap_stores = name == "forward_20";\n    BodyText body(g);'),
+        "[[maybe_unused]] std::string planted_body;  // planted\n\nclass BodyText {",
+        "    BodyText body(g, outputs, layout);",
+        "    planted_body = name;\n    BodyText body(g, outputs, layout);"),
 }
 
 
@@ -104,12 +130,14 @@ def main():
             results.append((name, path, "not run: %s configuration only" % only))
             continue
         full = os.path.join(tree, path)
-        original = open(full).read()
-        if original.count(text) != 1:
+        original = planted = open(full).read()
+        edits = [(text, replacement)] if isinstance(text, str) else list(zip(text, replacement))
+        if any(original.count(t) != 1 for t, _ in edits):
             results.append((name, path, "NOT PLANTED: the text is not in the file once"))
             print("%s | %s | %s" % results[-1], flush=True)
             continue
-        planted = original.replace(text, replacement)
+        for t, r in edits:
+            planted = planted.replace(t, r)
         if path in PRELUDE:
             a, b, c, d = PRELUDE[path]
             planted = planted.replace(a, b, 1).replace(c, d, 1)

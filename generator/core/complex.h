@@ -37,11 +37,18 @@ public:
         return s > 0 ? Cplx{-x.im, x.re} : Cplx{x.im, -x.re};
     }
     // x * (c + i s), four products and two sums; a part that is zero (to the
-    // precision of its computation) drops out with its products.
+    // precision of its computation) drops out with its products. The
+    // products are made in a fixed order (each sum's second term first),
+    // which numbers the constants of a body.
     Cplx rotate(Cplx x, long double c, long double s) const
     {
         auto term = [&](long double k, Real v) { return is_zero(k) ? Real{} : g_.mul(k, v); };
-        return {g_.sub(term(c, x.re), term(s, x.im)), g_.add(term(c, x.im), term(s, x.re))};
+        const Real s_im = term(s, x.im);
+        const Real c_re = term(c, x.re);
+        const Real re = g_.sub(c_re, s_im);
+        const Real s_re = term(s, x.re);
+        const Real c_im = term(c, x.im);
+        return {re, g_.add(c_im, s_re)};
     }
     static bool is_zero(long double k) { return k < 1e-15L && k > -1e-15L; }
 

@@ -16,8 +16,10 @@
 // literal zero are written out.zero(position) at the end, after every read,
 // so that dst may equal src in every layout. The operations
 // are written in an order that keeps few values alive at a time (see the
-// scheduler in emit.cpp); temporaries are numbered in that order, constants
-// in order of first use, so the text depends on the graph alone.
+// order in emit.cpp); temporaries are numbered in that order, constants
+// in order of first use, so the text depends on the graph alone. A long
+// body is wrapped in a GCC pragma that compiles it for size where the
+// compiler optimizes (see kLongBody in emit.cpp).
 #ifndef ZPTG_GEN_EMIT_H
 #define ZPTG_GEN_EMIT_H
 

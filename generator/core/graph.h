@@ -62,7 +62,9 @@ public:
     Real mul_distributed(long double c, Real x);
     // 2 * x as a product of its own (the doubling of a term of the conjugate
     // half in an inverse real transform): counted and emitted as a product
-    // by 2.0, and never folded into a later constant by mul_distributed().
+    // by 2.0, and never taken into a later constant by mul_distributed().
+    // (The inverse real kernels fold it into the few constants that take
+    // the factor in, rules/real_kernel.h.)
     Real doubled(Real x);
     // The same value with its difference taken the other way round: for a
     // difference a - b, the node b - a with the sign flipped. Other values

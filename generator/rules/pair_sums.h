@@ -55,11 +55,13 @@ PairSums<V> pair_sums(const Ops& ops, int p, int power, const V& x0, const std::
     case 5: {
         // m1 = (c a1 + c a2) + x0, m2 = (x0 + c a1) + c a2.
         V u = c(1, 1);
-        r.m[0] = plus(plus(u, c(1, 2)), x0);
+        V v = plus(u, c(1, 2));
+        r.m[0] = plus(v, x0);
         u = c(2, 1);
-        r.m[1] = plus(plus(x0, u), c(2, 2));
+        v = c(2, 2);
+        r.m[1] = plus(plus(x0, u), v);
         for (int k = 1; k <= 2; ++k) {
-            V v = s(k, 1);
+            v = s(k, 1);
             r.t[k - 1] = plus(v, s(k, 2));
         }
         break;

@@ -78,8 +78,13 @@ CVec forward_rader(const ComplexOps& ops, const Rule& rule, const CVec& x)
         // U and V of one part, from A_part[k] = M - i T.
         auto rotation = [&](const Cplx& a, Real* u, Real* v) {
             const Real m = a.re, t = -a.im;
-            *u = g.add(g.mul(alpha2, m), g.mul(beta2, t));
-            *v = g.add(g.mul(beta2, m), g.mul(-alpha2, t));
+            // The products in a fixed order, each sum's second term first.
+            const Real beta_t = g.mul(beta2, t);
+            const Real alpha_m = g.mul(alpha2, m);
+            *u = g.add(alpha_m, beta_t);
+            const Real alpha_t = g.mul(-alpha2, t);
+            const Real beta_m = g.mul(beta2, m);
+            *v = g.add(beta_m, alpha_t);
             *u = g.oriented(*u, o.rotation_sums);
             *v = g.oriented(*v, o.rotation_differences);
         };

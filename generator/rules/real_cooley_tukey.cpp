@@ -22,7 +22,9 @@
 //       e = Re Z0 - Re Z1, f = Im Z0 + Im Z1,
 //       y0 = Re Z0 + Re Z1, y2 = Im Z1 - Im Z0, y1 = c (e - f), y3 = -c (e + f).
 //   Those of Q(8) and Q(16), the rows of the inverse 32 and 64, are below
-//   (half_step_inverse_long).
+//   (half_step_inverse_long). Where the last stage is itself an odd
+//   Cooley-Tukey form (the 9 of 27), it takes the twiddles in, so that they
+//   meet the sine factors of its own last stage (twisted_inverse).
 // A twiddle costs as in the complex Cooley-Tukey form.
 #include <stdexcept>
 
@@ -165,6 +167,71 @@ HalfSpectrum forward_rows(Graph& g, const Split& s, const std::vector<HalfSpectr
     return X;
 }
 
+// Whether the last stage of an inverse Cooley-Tukey form takes its
+// twiddles in (twisted_inverse): an odd Cooley-Tukey stage, whose input
+// has no Nyquist term and which has complex rows of its own.
+bool takes_twiddles(const RealRule& stage)
+{
+    return stage.form == RealForm::CooleyTukey && stage.n % 2 != 0;
+}
+
+// The inverse Cooley-Tukey form on a twisted half spectrum: the input X[j]
+// stands for X[j] W^(t j) (W = exp(2 pi i / nt), j taken in (-n/2, n/2]),
+// the twiddles of an enclosing form that are not yet made (t = 0: none).
+// A complex row k runs on X[k + a m] W^(t (j - k)), j the index k + a m
+// in (-n/2, n/2], and its outputs then take the twist W^(t k) together
+// with their own twiddle, as one product. So a last stage of size 3 meets
+// a product at each output of the row, also the first, and takes its
+// sine factor into it (real_direct.cpp), where twiddling the input first
+// would leave the first output without one.
+//   Row 0 and (even a) row a/2 take the twist on their inputs. An odd
+// Cooley-Tukey last stage takes the twiddles of this form the same way.
+RVec twisted_inverse(Graph& g, const Split& s, const HalfSpectrum& X, long long t, int nt)
+{
+    ComplexOps ops(g);
+    const long long scale = nt / s.n;
+    auto centred = [&](int j) { return 2 * j <= s.n ? j : j - s.n; };
+    auto twisted = [&](int j, long long e) {
+        return twiddle(ops, spectrum_at(X, s.n, j), e, nt, Dir::Inverse);
+    };
+    const bool pass_on = takes_twiddles(*s.a_rule);
+    std::vector<HalfSpectrum> y(s.b, HalfSpectrum(s.a / 2 + 1));
+    {
+        HalfSpectrum Z(s.b / 2 + 1);
+        for (int m = 0; 2 * m <= s.b; ++m) Z[m] = twisted(s.a * m, t * (s.a * m));
+        const RVec z = real_inverse(g, *s.b_rule, Z, s.power);
+        for (int r = 0; r < s.b; ++r) y[r][0] = {z[r], Real{}};
+    }
+    for (int k = 1; 2 * k < s.a; ++k) {
+        CVec Z(s.b);
+        for (int m = 0; m < s.b; ++m) {
+            const int j = (k + s.a * m) % s.n;
+            Z[m] = twisted(j, t * (centred(j) - k));
+        }
+        const CVec z = complex_row(ops, Z, Dir::Inverse, s.power);
+        for (int r = 0; r < s.b; ++r)
+            y[r][k] = pass_on ? z[r]
+                              : twiddle(ops, z[r], k * (t + scale * s.power * r), nt, Dir::Inverse);
+    }
+    if (s.a % 2 == 0) {
+        CVec Z(s.b / 2);
+        for (int m = 0; m < s.b / 2; ++m) {
+            const int j = s.a / 2 + s.a * m;
+            Z[m] = twisted(j, t * j);
+        }
+        const RVec z = half_step_inverse(g, Z, s.power);
+        for (int r = 0; r < s.b; ++r) y[r][s.a / 2] = {z[r], Real{}};
+    }
+    RVec x(s.n);
+    for (int r = 0; r < s.b; ++r) {
+        const RVec v = pass_on ? twisted_inverse(g, split_of(*s.a_rule, s.power % s.a, true), y[r],
+                                                 t + scale * s.power * r, nt)
+                               : real_inverse(g, *s.a_rule, y[r], s.power);
+        for (int n1 = 0; n1 < s.a; ++n1) x[r + s.b * n1] = v[n1];
+    }
+    return x;
+}
+
 }  // namespace
 
 HalfSpectrum real_cooley_tukey_forward(Graph& g, const RealRule& rule, const RVec& x, int power)
@@ -200,34 +267,7 @@ HalfSpectrum real_cooley_tukey_forward_halves(Graph& g, const RealRule& rule, co
 
 RVec real_cooley_tukey_inverse(Graph& g, const RealRule& rule, const HalfSpectrum& X, int power)
 {
-    const Split s = split_of(rule, power, true);
-    ComplexOps ops(g);
-    std::vector<HalfSpectrum> y(s.b, HalfSpectrum(s.a / 2 + 1));
-    {
-        HalfSpectrum Z(s.b / 2 + 1);
-        for (int m = 0; 2 * m <= s.b; ++m) Z[m] = spectrum_at(X, s.n, s.a * m);
-        const RVec z = real_inverse(g, *s.b_rule, Z, s.power);
-        for (int r = 0; r < s.b; ++r) y[r][0] = {z[r], Real{}};
-    }
-    for (int k = 1; 2 * k < s.a; ++k) {
-        CVec Z(s.b);
-        for (int m = 0; m < s.b; ++m) Z[m] = spectrum_at(X, s.n, k + s.a * m);
-        const CVec z = complex_row(ops, Z, Dir::Inverse, s.power);
-        for (int r = 0; r < s.b; ++r)
-            y[r][k] = twiddle(ops, z[r], (long long)s.power * r * k, s.n, Dir::Inverse);
-    }
-    if (s.a % 2 == 0) {
-        CVec Z(s.b / 2);
-        for (int m = 0; m < s.b / 2; ++m) Z[m] = spectrum_at(X, s.n, s.a / 2 + s.a * m);
-        const RVec z = half_step_inverse(g, Z, s.power);
-        for (int r = 0; r < s.b; ++r) y[r][s.a / 2] = {z[r], Real{}};
-    }
-    RVec x(s.n);
-    for (int r = 0; r < s.b; ++r) {
-        const RVec v = real_inverse(g, *s.a_rule, y[r], s.power);
-        for (int n1 = 0; n1 < s.a; ++n1) x[r + s.b * n1] = v[n1];
-    }
-    return x;
+    return twisted_inverse(g, split_of(rule, power, true), X, 0, rule.n);
 }
 
 }  // namespace zptg::gen

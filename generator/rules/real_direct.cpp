@@ -12,30 +12,16 @@
 // inverse 3:   x0 = R' + R0, e = R0 - R'/2, o = s I', x1 = e - o, x2 = e + o,
 //              where a sine term I' that is the sum of two products (a
 //              twiddle, a rotation of Rader's spectrum) takes s into those
-//              products: s (c1 y + c2 z) = (s c1) y + (s c2) z. A sum of
-//              two doublings of a kernel's inputs is not taken apart: the
-//              doublings are made, and s multiplies their sum.
+//              products: s (c1 y + c2 z) = (s c1) y + (s c2) z. A sum that
+//              holds a doubling of a kernel's input (Graph::doubled) is not
+//              taken apart: the doublings are made, and s multiplies the sum.
 #include <stdexcept>
 
 #include "core/real_ops.h"
 #include "rules/pair_sums.h"
 #include "rules/real.h"
-#include "rules/real_kernel.h"
 
 namespace zptg::gen {
-namespace {
-
-Real sine_term(Graph& g, long double s, Real v)
-{
-    if (!v.is_zero()) {
-        const Node& n = g.node(v.node);
-        if ((n.op == Op::Add || n.op == Op::Sub) && (is_doubling(g, n.a) || is_doubling(g, n.b)))
-            return g.mul(s, v);
-    }
-    return g.mul_distributed(s, v);
-}
-
-}  // namespace
 
 HalfSpectrum real_direct_forward(Graph& g, const RealRule& rule, const RVec& x, int power)
 {
@@ -64,7 +50,7 @@ RVec real_direct_inverse(Graph& g, int n, const HalfSpectrum& X, int power)
     if (n == 3) {
         const Real x0 = g.add(X[1].re, X[0].re);
         const Real e = g.add(X[0].re, g.mul(cos_2pi(power, 3), X[1].re));
-        const Real o = sine_term(g, sin_2pi(power, 3), X[1].im);
+        const Real o = g.mul_distributed(sin_2pi(power, 3), X[1].im);
         return {x0, g.sub(e, o), g.add(e, o)};
     }
     const int h = (n - 1) / 2;

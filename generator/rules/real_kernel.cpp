@@ -46,7 +46,9 @@ RealKernelGraph fold_doublings(const RealKernelGraph& k)
         case Op::Sub: copy[i] = f.sub(copy[n.a], copy[n.b]); break;
         case Op::Mul:
             if (foldable[i]) break;
-            if (foldable[n.a])
+            if (n.kept)
+                copy[i] = f.doubled(copy[n.a]);
+            else if (foldable[n.a])
                 copy[i] = f.mul(2 * g.constants()[n.constant], copy[g.node(n.a).a]);
             else
                 copy[i] = f.mul(g.constants()[n.constant], copy[n.a]);
@@ -88,7 +90,7 @@ RealKernelGraph build_real_inverse_graph(int n)
     HalfSpectrum X(n / 2 + 1);
     X[0] = {g.input(0), Real{}};
     for (int j = 1; 2 * j < n; ++j)
-        X[j] = {g.mul(2, g.input(2 * j - 1)), g.mul(2, g.input(2 * j))};
+        X[j] = {g.doubled(g.input(2 * j - 1)), g.doubled(g.input(2 * j))};
     if (n % 2 == 0) X[n / 2] = {g.input(n - 1), Real{}};
     k.outputs = real_inverse(g, real_inverse_rule(n), X);
     return fold_doublings(k);
@@ -97,7 +99,7 @@ RealKernelGraph build_real_inverse_graph(int n)
 bool is_doubling(const Graph& g, int node)
 {
     const Node& n = g.node(node);
-    return n.op == Op::Mul && g.constants()[n.constant] == 2 && g.node(n.a).op == Op::Input;
+    return n.op == Op::Mul && n.kept && g.node(n.a).op == Op::Input;
 }
 
 long double real_graph_error(const RealKernelGraph& k)

@@ -10,11 +10,11 @@
 // graph's inputs; a family maps them to the positions of each layout.
 //
 // The inverse graph takes its complex terms as given and doubles them
-// itself: each doubling is a product of an input with the constant 2
-// (is_doubling), except where that product would meet one of the few
-// constants that take the factor in instead (2 sin(2 pi/3) and
-// 2 cos(2 pi/8)): there the doubled input's products are made with the
-// doubled constant from the plain input.
+// itself: each doubling is a product of an input with the constant 2 that
+// no rule takes apart (Graph::doubled, is_doubling), except where all that
+// product's users are products with one of the few constants that take the
+// factor in instead (2 sin(2 pi/3) and 2 cos(2 pi/8)): there the doubled
+// input's products are made with the doubled constant from the plain input.
 #ifndef ZPTG_GEN_RULES_REAL_KERNEL_H
 #define ZPTG_GEN_RULES_REAL_KERNEL_H
 
@@ -34,7 +34,7 @@ struct RealKernelGraph {
 RealKernelGraph build_real_forward_graph(int n);
 RealKernelGraph build_real_inverse_graph(int n);
 
-// Whether a node of the graph is the doubling of an input.
+// Whether a node of the graph is the doubling (Graph::doubled) of an input.
 bool is_doubling(const Graph& g, int node);
 
 // Largest error of the outputs against the exact transform for a few

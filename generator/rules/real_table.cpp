@@ -53,13 +53,13 @@ constexpr RealRule kInv60 = gt(60, 5, 12, nullptr, &kInv12Rows);
 // chains of 37 and 53 do not nest; theirs start from x[n] +- x[p - n] and
 // its pairs: 2, 4, then 3 x 3 (37) or 13 by Rader (53), as their counts
 // bind. 43 runs its second half in the mirrored order of its first. The
-// inverse of 41 starts its first half with the 8, whose first butterflies
-// are the pairs q, q + L/2 that the inverse's input comes as.
+// inverse of 41 takes the chain of the forward one too: its first half
+// starts from the pairs q, q + L/2 that its input comes as, which lie
+// across the cosets of 5 (rules/real_good_thomas.cpp).
 constexpr RealRule kChain18 = gt(18, 9, 2);              // 19: 3, 9, 18
 constexpr RealRule kChain30 = gt(30, 6, 5);              // 31: 3, 6, 30
 constexpr RealRule kChain36 = gt(36, 4, 9);              // 37: 2, 4, 36
 constexpr RealRule kChain40 = gt(40, 5, 8);              // 41: 5, 10, 20, 40
-constexpr RealRule kHalves40 = gt(40, 8, 5);             // 41, inverse: 2, 4, 8, 40
 constexpr RealRule kChain42 = gt(42, 2, 21);             // 43: 2, 14, 42
 constexpr RealRule kChain46 = gt(46, 23, 2);             // 47: 23, 46
 constexpr RealRule kChain52 = gt(52, 4, 13);             // 53: 2, 4, 52
@@ -72,6 +72,7 @@ constexpr RealRule kRader17 = rader(17, 3, nullptr, nullptr);
 constexpr RealRule kRader19 = rader(19, 2, &kChain18, nullptr);
 constexpr RealRule kRader31 = rader(31, 3, &kChain30, nullptr);
 constexpr RealRule kRader37 = rader(37, 2, &kChain36, nullptr);
+constexpr RealRule kRader41 = rader(41, 6, &kChain40, nullptr);
 constexpr RealRule kRader43 = rader(43, 3, &kChain42, &kChain42);
 constexpr RealRule kRader47 = rader(47, 5, &kChain46, nullptr);
 constexpr RealRule kRader53 = rader(53, 2, &kChain52, nullptr);
@@ -123,7 +124,7 @@ constexpr std::array<Row, 65> kRules = [] {
     t[24] = both(gt(24, 3, 8));
     t[25] = both(ct(25, 5, 5));
     t[26] = both(gt(26, 13, 2));
-    t[27] = {ct(27, 9, 3), ct(27, 3, 9)};
+    t[27] = both(ct(27, 9, 3));
     t[28] = {gt(28, 4, 7), gt(28, 7, 4)};
     t[29] = {kForward29, kInverse29};
     t[30] = {gt(30, 5, 6), gt(30, 2, 15)};
@@ -137,7 +138,7 @@ constexpr std::array<Row, 65> kRules = [] {
     t[38] = both(gt(38, 19, 2));
     t[39] = {gt(39, 13, 3), gt(39, 3, 13)};
     t[40] = both(gt(40, 8, 5));
-    t[41] = {rader(41, 6, &kChain40, nullptr), rader(41, 6, &kHalves40, nullptr)};
+    t[41] = both(kRader41);
     t[42] = both(gt(42, 7, 6));
     t[43] = both(kRader43);
     t[44] = both(gt(44, 11, 4));

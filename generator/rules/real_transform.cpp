@@ -137,6 +137,19 @@ CVec complex_row_halves(const ComplexOps& ops, const CVec& plus, const CVec& min
         plain[2] = ops.sub(plus[0], plus[1]);
         plain[1] = ops.add(minus[0], turned);
         plain[3] = ops.sub(minus[0], turned);
+    } else if (const Rule& rule = complex_stage_rule(n);
+               rule.form == Form::CooleyTukey && rule.first == 2) {
+        // The Cooley-Tukey form 2 x n/2 after its first butterflies: the
+        // differences turned by their twiddles, then the rows of n/2.
+        const Rule& second = stage_rule(rule.second_rule, n / 2);
+        for (int k = 0; k < 2; ++k) {
+            CVec row(n / 2);
+            for (int r = 0; r < n / 2; ++r)
+                row[r] = k == 0 ? plus[r]
+                                : twiddle(ops, minus[r], r, n, dir, rule.orientation.negated_turns);
+            const CVec v = transform(ops, second, row, dir);
+            for (int j = 0; j < n / 2; ++j) plain[k + 2 * j] = v[j];
+        }
     } else {
         throw std::logic_error("no complex row from halves of this length");
     }

@@ -27,13 +27,6 @@ uintptr_t tree_start(const void* base)
     return b + uintptr_t(intptr_t(64 - int32_t(uint32_t(b)) % 32));
 }
 
-uintptr_t arena_word(const void* block)
-{
-    uintptr_t word;
-    std::memcpy(&word, block, sizeof word);
-    return word;
-}
-
 template <class T>
 int reported_size(int n)
 {
@@ -57,16 +50,19 @@ int marker;
 template <class T>
 typename Api<T>::Context* const kUntouched = reinterpret_cast<typename Api<T>::Context*>(&marker);
 
+template <class T>
 class DCT4Interface : public testing::Test {
 protected:
     void SetUp() override { reset_allocation_log(); }
 };
+using Kinds = testing::Types<float, double>;
+TYPED_TEST_SUITE(DCT4Interface, Kinds);
 
 // Null pointers are refused before the length is looked at, and before anything is allocated,
 // written or released.
-template <class T>
-void check_null_pointers()
+TYPED_TEST(DCT4Interface, NullPointersAreRefused)
 {
+    using T = TypeParam;
     alignas(64) unsigned char block[512];
     typename Api<T>::Context* c = nullptr;
     for (int n : {64, 3, -1}) {
@@ -85,46 +81,36 @@ void check_null_pointers()
     EXPECT_EQ(allocation_log().allocations + allocation_log().releases, 0);
 }
 
-TEST_F(DCT4Interface, NullPointersAreRefused)
-{
-    check_null_pointers<float>();
-    check_null_pointers<double>();
-}
-
 // A context whose root rule is out of range computes and writes nothing, not even its scratch, and
 // answers zptgStatusNotPlanned.
-template <class T>
-void check_damaged_rule(int n)
+TYPED_TEST(DCT4Interface, DamagedRuleIsNotPlanned)
 {
-    SCOPED_TRACE(testing::Message() << "N " << n << ", " << sizeof(T) << "-byte elements");
-    std::vector<unsigned char> block(size_t(reported_size<T>(n)));
-    typename Api<T>::Context* c = nullptr;
-    ASSERT_EQ(Api<T>::init(&c, n, block.data()), zptgStatusOk);
-    auto* const root = reinterpret_cast<env1<T>*>(c);
-    const std::vector<T> x = signal<T>(size_t(n));
-    for (const int32_t damaged : {0, 7, -1, 6 + 256}) {
-        root->rule = damaged;
-        const std::vector<unsigned char> before(block);
-        std::vector<T> dst(size_t(n), T(7));
-        EXPECT_EQ(Api<T>::run(x.data(), dst.data(), c), zptgStatusNotPlanned) << "rule " << damaged;
-        EXPECT_EQ(dst, std::vector<T>(size_t(n), T(7)));
-        EXPECT_EQ(block, before);
+    using T = TypeParam;
+    for (int n : {2, 8, 32, 64, 4096}) {
+        std::vector<unsigned char> block(size_t(reported_size<T>(n)));
+        typename Api<T>::Context* c = nullptr;
+        ASSERT_EQ(Api<T>::init(&c, n, block.data()), zptgStatusOk);
+        const std::vector<T> x = signal<T>(size_t(n));
+        for (const int32_t damaged : {0, 7, -1, 6 + 256}) {
+            reinterpret_cast<env1<T>*>(c)->rule = damaged;
+            const std::vector<unsigned char> before(block);
+            std::vector<T> dst(size_t(n), T(7));
+            EXPECT_EQ(Api<T>::run(x.data(), dst.data(), c), zptgStatusNotPlanned) << n << ", rule " << damaged;
+            EXPECT_EQ(dst, std::vector<T>(size_t(n), T(7)));
+            EXPECT_EQ(block, before);
+        }
     }
 }
 
-TEST_F(DCT4Interface, DamagedRuleIsNotPlanned)
-{
-    for (int n : {2, 8, 32, 64, 4096}) check_damaged_rule<float>(n), check_damaged_rule<double>(n);
-}
-
 // InitAlloc takes one block of the reported size and Free gives it back, with the arena word
-// pointing at the tree; a rejected length allocates nothing and leaves the context alone; the
-// largest lengths pass the size query with a wrapped size, but no plan fits the arena's arithmetic,
-// and the block goes back.
-template <class T>
-void check_one_block_each_way()
+// pointing at the tree; Init and InitAlloc leave the length to planning: a rejected one fails in
+// the caller's block too, allocates nothing and leaves the context alone; a failing allocator hands
+// null to Init, whose null check answers, and the null block goes to zptFree; the largest lengths
+// pass the size query with a wrapped size, but no plan fits the arena's arithmetic, and the block
+// goes back.
+TYPED_TEST(DCT4Interface, InitAllocAndFreeTakeAndGiveOneBlock)
 {
-    SCOPED_TRACE(sizeof(T));
+    using T = TypeParam;
     const AllocationLog& log = allocation_log();
     for (int n : {2, 32, 64, 65, 1024, 4096, 4097, 8192}) {
         reset_allocation_log();
@@ -143,15 +129,15 @@ void check_one_block_each_way()
         EXPECT_EQ(log.word_at_release, tree_start(block));
     }
     reset_allocation_log();
-    for (int n : {-1, 0, 1, 3, 12, 96, 1000, 1 << 28, (1 << 28) + 1}) {
-        typename Api<T>::Context* c = kUntouched<T>;
+    std::vector<unsigned char> caller(1 << 16);
+    for (int n : {-1, 0, 1, 3, 6, 12, 96, 1000, INT32_MIN, 1 << 28, (1 << 28) + 1}) {
+        typename Api<T>::Context *c = kUntouched<T>, *d = kUntouched<T>;
         EXPECT_EQ(Api<T>::init_alloc(&c, n), zptgStatusBadSize) << n;
+        if (n < (1 << 28)) { EXPECT_EQ(Api<T>::init(&d, n, caller.data() + 5), zptgStatusBadSize) << n; }
         EXPECT_EQ(c, kUntouched<T>);
+        EXPECT_EQ(d, kUntouched<T>);
     }
     EXPECT_EQ(log.allocations + log.releases, 0);
-    // A failing allocator hands null to Init, whose null check answers; the null block then goes to
-    // zptFree. Free gives a caller's block back too.
-    reset_allocation_log();
     allocation_log().fail = true;
     typename Api<T>::Context* c = kUntouched<T>;
     EXPECT_EQ(Api<T>::init_alloc(&c, 64), zptgStatusNullPtr);
@@ -159,7 +145,7 @@ void check_one_block_each_way()
     EXPECT_EQ(log.releases, 1);
     EXPECT_EQ(log.last_released, nullptr);
     allocation_log().fail = false;
-    void* block = zptMalloc(reported_size<T>(128));
+    void* block = zptMalloc(reported_size<T>(128));  // Free gives a caller's block back too
     ASSERT_EQ(Api<T>::init(&c, 128, block), zptgStatusOk);
     EXPECT_EQ(Api<T>::release(c), zptgStatusOk);
     EXPECT_EQ(log.last_released, block);
@@ -176,64 +162,37 @@ void check_one_block_each_way()
     }
 }
 
-TEST_F(DCT4Interface, InitAllocAndFreeTakeAndGiveOneBlock)
-{
-    check_one_block_each_way<float>();
-    check_one_block_each_way<double>();
-}
-
-// Init leaves the length to planning: a rejected length fails with zptgStatusBadSize in the
-// caller's block too, and the context is left alone.
-TEST_F(DCT4Interface, InitWithRejectedLength)
-{
-    std::vector<unsigned char> block(1 << 16);
-    for (const int n : {0, -5, INT32_MIN, 1, 3, 6, 12, 96, 1000}) {
-        zptgDCT4Context_32f* c = kUntouched<float>;
-        zptgDCT4Context_64f* d = kUntouched<double>;
-        EXPECT_EQ(zptgDCT4Init_32f(&c, n, block.data()), zptgStatusBadSize) << n;
-        EXPECT_EQ(zptgDCT4Init_64f(&d, n, block.data() + 5), zptgStatusBadSize) << n;
-        EXPECT_EQ(c, kUntouched<float>);
-        EXPECT_EQ(d, kUntouched<double>);
-    }
-    EXPECT_EQ(allocation_log().allocations + allocation_log().releases, 0);
-}
-
 // Builds in a block of exactly the reported size that ends at an inaccessible page, with the base
 // `offset` bytes past a 32-byte boundary (where the base's low word has its top bit set and the
 // base is unaligned, the tree starts up to 31 bytes later, and the block may be short by that
 // much), and transforms between arrays that end at such pages too, with the result of an ordinary
 // block.
-template <class T>
-void check_guarded(int n, size_t offset)
+TYPED_TEST(DCT4Interface, ExactBlockAgainstAGuardPage)
 {
-    SCOPED_TRACE(testing::Message() << "N " << n << ", " << sizeof(T) << "-byte elements, offset " << offset);
-    const int size = reported_size<T>(n);
-    GuardedBlock block(size_t(size), Guard::After, offset == 0 ? 0 : 32 - offset);
-    unsigned char* const base = block.data();
-    ASSERT_EQ(reinterpret_cast<uintptr_t>(base) % 32, offset);
-    const uintptr_t start = tree_start(base), over = start - reinterpret_cast<uintptr_t>(base);
-    typename Api<T>::Context* c = nullptr;
-    ASSERT_EQ(Api<T>::init(&c, n, base), zptgStatusOk);
-    EXPECT_EQ(reinterpret_cast<uintptr_t>(c), start);
-    EXPECT_LE(arena_word(base), reinterpret_cast<uintptr_t>(base) + uintptr_t(size) + (over > 64 ? over - 64 : 0));
-    const size_t elements = elements_for(n);
-    GuardedArray<T> src(elements), dst(elements);
-    const std::vector<T> x = signal<T>(elements);
-    std::copy(x.begin(), x.end(), src.data());
-    ASSERT_EQ(Api<T>::run(src.data(), dst.data(), c), zptgStatusOk);
-    std::vector<T> y(elements, T(0));
-    ASSERT_EQ(Dct4Plan<T>(n).run(x.data(), y.data()), zptgStatusOk);
-    EXPECT_TRUE(std::equal(y.begin(), y.end(), dst.data())) << "not the result of an ordinary block";
-}
-
-TEST_F(DCT4Interface, ExactBlockAgainstAGuardPage)
-{
+    using T = TypeParam;
     for (const size_t offset : {0u, 8u, 31u})
         for (int k = 1; k <= 13; ++k)
             for (int n : {1 << k, (1 << k) + 1}) {
                 if (n == 3 || n == 5 || n == 8193) continue;
-                check_guarded<float>(n, offset);
-                check_guarded<double>(n, offset);
+                SCOPED_TRACE(testing::Message() << "N " << n << ", offset " << offset);
+                const int size = reported_size<T>(n);
+                GuardedBlock block(size_t(size), Guard::After, offset == 0 ? 0 : 32 - offset);
+                const uintptr_t base = reinterpret_cast<uintptr_t>(block.data()), start = tree_start(block.data());
+                ASSERT_EQ(base % 32, offset);
+                typename Api<T>::Context* c = nullptr;
+                ASSERT_EQ(Api<T>::init(&c, n, block.data()), zptgStatusOk);
+                EXPECT_EQ(reinterpret_cast<uintptr_t>(c), start);
+                uintptr_t arena_word;
+                std::memcpy(&arena_word, block.data(), sizeof arena_word);
+                EXPECT_LE(arena_word, base + uintptr_t(size) + (start - base > 64 ? start - base - 64 : 0));
+                const size_t elements = elements_for(n);
+                GuardedArray<T> src(elements), dst(elements);
+                const std::vector<T> x = signal<T>(elements);
+                std::copy(x.begin(), x.end(), src.data());
+                ASSERT_EQ(Api<T>::run(src.data(), dst.data(), c), zptgStatusOk);
+                std::vector<T> y(elements, T(0));
+                ASSERT_EQ(Dct4Plan<T>(n).run(x.data(), y.data()), zptgStatusOk);
+                EXPECT_TRUE(std::equal(y.begin(), y.end(), dst.data())) << "not the result of an ordinary block";
             }
 }
 

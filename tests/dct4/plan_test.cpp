@@ -1,14 +1,17 @@
 // Planning of the DCT-IV: the published block sizes, which lengths pass and how the signed 32-bit
-// byte counts wrap at the top; the rules and factors each length plans; and how much of the
-// reported size planning draws.
+// byte counts wrap at the top; the rules and factors each length plans (the split factors from
+// divisorsIntNonTriv); how much of the reported size planning draws (which holds the arena and the
+// environment lists); and the trigonometry of the twiddles.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
 #include "dct4/api.h"
 #include "dct4/env.h"
 #include "frame/arena.h"
+#include "frame/trig_pi.h"
 
 namespace zptg::test {
 namespace {
@@ -136,6 +139,24 @@ TEST(DCT4Plan, RulesFactorsAndDrawnSize)
     for (const auto& row : kTrees) {
         check_tree<float>(row);
         check_tree<double>(row);
+    }
+}
+
+// Bit for bit the library function of the product of the argument with pi as a 64-bit constant,
+// rounded to the element width before the call (through volatile, so that x87 rounds here as in the
+// library): so cos(pi/2) in 32 bits is not zero.
+TEST(DCT4Plan, TrigPiIsTheMathLibraryOfTheRoundedProduct)
+{
+    EXPECT_FLOAT_EQ(zptgCosPi_32f(0.5f), -4.371139e-8f);
+    for (int i = -400; i <= 400; ++i) {
+        const volatile float x = float(i) / 37.0f;
+        const volatile float angle = float(3.141592653589793 * double(x));
+        EXPECT_EQ(zptgCosPi_32f(x), std::cos(angle)) << x;
+        EXPECT_EQ(zptgSinPi_32f(x), std::sin(angle)) << x;
+        const volatile double xd = double(i) / 37.0;
+        const volatile double angle64 = 3.141592653589793 * xd;
+        EXPECT_EQ(zptgCosPi_64f(xd), std::cos(angle64)) << xd;
+        EXPECT_EQ(zptgSinPi_64f(xd), std::sin(angle64)) << xd;
     }
 }
 

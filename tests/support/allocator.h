@@ -9,8 +9,7 @@
 namespace zptg::test {
 
 struct AllocationLog {
-    int allocations = 0;
-    int releases = 0;
+    int allocations = 0, releases = 0;
     int last_length = 0;            // argument of the last zptMalloc
     void* last_block = nullptr;     // its result
     void* last_released = nullptr;  // argument of the last zptFree

@@ -1,57 +1,53 @@
-// The library's fixed-size transforms as its export list names them, so
-// that a test or fuzzer covers every kernel and dispatcher that the built
-// library exports, including families added after the test was written.
-// Each exported name is `<stem>_<size>_<kind>` (a kernel) or `<stem>_<kind>`
-// (a dispatcher); the stem gives the arrays' layout, the kind the element.
+// The library's fixed-size transforms as its export list names them (read by readelf from the
+// loaded object), so that a test or fuzzer covers every kernel and dispatcher the built library
+// exports, families added later included. A name is `<stem>_<size>_<kind>` (a kernel) or
+// `<stem>_<kind>` (a dispatcher): the stem gives the layout of the arrays, the kind the element.
 #ifndef ZPTG_TESTS_SUPPORT_EXPORT_LIST_H
 #define ZPTG_TESTS_SUPPORT_EXPORT_LIST_H
 
 #include <string>
 #include <vector>
 
+#include "support/scale.h"
 #include "zptgenpx.h"
 
 namespace zptg::test {
 
-// How a family's arrays are laid out, in values of the element's width.
-enum class Layout {
-    Complex,  // N interleaved complex elements in and out
-    Real,     // N real values in and out (also Pack and Perm spectra)
-    ToCcs,    // N real values in, a CCS spectrum out (N + 2 values, N + 1 for odd N)
-    FromCcs,  // a CCS spectrum in (positions 0 and 2 .. N are read), N real values out
-    Walsh,    // 2^order real values in and out; orders 8 up take a scratch buffer
-};
+// N complex values in and out; N real values in and a packed half spectrum out (To) or the other
+// way round (From); N real values in and out (Hartley; Walsh 2^order, a scratch buffer from 8 up).
+enum class Layout { Complex, ToCcs, ToPack, ToPerm, FromCcs, FromPack, FromPerm, Hartley, Walsh };
+
+// Where Re X[k] (im: Im X[k]) of a real spectrum of length n stands in a packed layout, -1 for
+// none. CCS: Re, Im of X[0 .. N/2] in turn, the imaginary parts of X[0] and X[N/2] stored as +0.0
+// and never read. Pack: Re X[0], Re, Im of X[1], ..., Re X[N/2] last. Perm: for even N Re X[N/2]
+// second and X[k] at 2k, 2k + 1; as Pack for odd N.
+int packed_position(Layout layout, int n, int k, bool im);
 
 struct Transform {
-    std::string name;
-    std::string stem;
+    std::string name, stem;
     Layout layout;
+    Direction direction;
     unsigned width;  // bytes of one value: 4 or 8
     int size;        // the number in a kernel's name (an order for Walsh); 0 for a dispatcher
     void* address;
 
     bool dispatcher() const { return size == 0; }
-    // The sizes the family accepts: 2 .. 64, or orders 1 .. 13.
     int min_size() const { return layout == Layout::Walsh ? 1 : 2; }
     int max_size() const { return layout == Layout::Walsh ? 13 : 64; }
-    // Whether the kernel of `size` takes a scratch buffer.
-    bool takes_buffer(int size) const { return layout == Layout::Walsh && size >= 8; }
-    // Transform length and the values that src and dst hold at `size`.
-    int length(int size) const { return layout == Layout::Walsh ? 1 << size : size; }
-    int src_values(int size) const;
-    int dst_values(int size) const;
-    // Whether dst position p is stored as a literal +0.0 (CCS 1 and N + 1).
-    bool literal_zero(int size, int p) const;
-
-    // Runs the transform: a kernel ignores `size`, `buffer` reaches only
-    // the Walsh kernels and dispatchers that take it.
+    bool takes_buffer(int s) const { return layout == Layout::Walsh && s >= 8; }
+    int length(int s) const { return layout == Layout::Walsh ? 1 << s : s; }
+    // The values src and dst hold at size s (CCS position N + 1 is never read).
+    int src_values(int s) const;
+    int dst_values(int s) const;
+    // Whether dst position p is a literal +0.0 (CCS 1 and N + 1).
+    bool literal_zero(int s, int p) const;
+    // Runs the transform: a kernel ignores `size`; `buffer` reaches Walsh functions only.
     zptgStatus call(const void* src, void* dst, int size, int flag, void* buffer) const;
 };
 
-// Every exported kernel and dispatcher of the fixed-size families, in the
-// order of the export list. Exported names that are no transform are
-// checked against the library's other functions (version, Walsh buffer
-// query, DCT-IV); any name that fits neither goes to `unknown`.
+// Every exported kernel and dispatcher in the order of the export list; exported names that are
+// neither these nor the library's other functions (version, Walsh buffer query, DCT-IV) go to
+// `unknown`, as does an export list that cannot be read.
 std::vector<Transform> exported_transforms(std::vector<std::string>* unknown);
 
 }  // namespace zptg::test

@@ -8,7 +8,7 @@
 
 namespace zptg::test {
 
-GuardedBlock::GuardedBlock(std::size_t bytes, Guard side, std::size_t gap) : bytes_(bytes)
+GuardedBlock::GuardedBlock(std::size_t bytes, Guard side, std::size_t gap)
 {
     const std::size_t page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
     const std::size_t usable = (bytes + gap + page - 1) / page * page;

@@ -1,7 +1,6 @@
 // A block of exactly `bytes` that ends `gap` bytes before an inaccessible page (Guard::After) or
 // begins `gap` bytes after one (Guard::Before), with such a page on its other side too: with gap 0
-// a single access past the end (or before the start) faults. Zero bytes give a pointer at the
-// guard.
+// a single access past either end faults. Zero bytes give a pointer at the guard.
 #ifndef ZPTG_TESTS_SUPPORT_GUARDED_H
 #define ZPTG_TESTS_SUPPORT_GUARDED_H
 
@@ -18,13 +17,11 @@ public:
     GuardedBlock(const GuardedBlock&) = delete;
     GuardedBlock& operator=(const GuardedBlock&) = delete;
     unsigned char* data() const { return data_; }
-    std::size_t bytes() const { return bytes_; }
 
 private:
     unsigned char* mapping_ = nullptr;
     std::size_t mapped_ = 0;
     unsigned char* data_ = nullptr;
-    std::size_t bytes_ = 0;
 };
 
 // n elements of T in a guarded block.
@@ -35,7 +32,6 @@ public:
     T* data() const { return reinterpret_cast<T*>(block_.data()); }
     T* begin() const { return data(); }
     T* end() const { return data() + n_; }
-    T& operator[](std::size_t i) const { return data()[i]; }
 
 private:
     GuardedBlock block_;

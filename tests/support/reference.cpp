@@ -51,16 +51,8 @@ cld exp_i_pi(int64_t num, int64_t den)
     if (r < 0) r += 2 * den;
     const int64_t o = 4 * r / den, f = 4 * r % den;
     const auto [s, c] = sin_cos_small(kPi / 4 * (long double)(o % 2 == 0 ? f : den - f) / (long double)den);
-    switch (o) {
-    case 0: return {c, s};
-    case 1: return {s, c};
-    case 2: return {-s, c};
-    case 3: return {-c, s};
-    case 4: return {-c, -s};
-    case 5: return {-s, -c};
-    case 6: return {s, -c};
-    default: return {c, -s};
-    }
+    const long double octants[8][2] = {{c, s}, {s, c}, {-s, c}, {-c, s}, {-c, -s}, {-s, -c}, {s, -c}, {c, -s}};
+    return {octants[o][0], octants[o][1]};
 }
 
 std::vector<cld> exact_dft(const std::vector<cld>& x, int sign)

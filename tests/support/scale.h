@@ -37,8 +37,6 @@ R scale_factor(Direction d, int flag, int n)
 }
 
 constexpr int kFlags[] = {zptgScaleFwdByN, zptgScaleInvByN, zptgScaleBySqrtN, zptgScaleNone};
-// Anything but exactly 1, 2, 4 or 8 is a bad flag.
-constexpr int kBadFlags[] = {0, 3, 5, 6, 7, 9, 12, 15, 16, 17, 32, -1, -2147483647 - 1, 2147483647};
 
 }  // namespace zptg::test
 

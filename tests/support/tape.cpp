@@ -1,17 +1,51 @@
-// One pass classifies every value: data (reads, sums, differences, constant products), constants,
-// the scale, scale products and their sign flips (which may only be stored) and stores.
 #include "support/tape.h"
 
-namespace zptg::test {
+#include <stdexcept>
 
+namespace zptg::test {
+namespace {
+
+Tape* recording = nullptr;
+
+}  // namespace
+
+Symbol::Symbol(const Step& step)
+{
+    if (recording == nullptr) throw std::logic_error("a symbol outside a recording");
+    recording->push_back(step);
+    position_ = int(recording->size()) - 1;
+}
+Symbol::Symbol(double literal) : Symbol(Step{Op::Constant, -1, -1, -1, literal}) {}
+
+Symbol operator+(Symbol a, Symbol b) { return Symbol(Step{Op::Add, a.position(), b.position()}); }
+Symbol operator-(Symbol a, Symbol b) { return Symbol(Step{Op::Sub, a.position(), b.position()}); }
+Symbol operator*(Symbol a, Symbol b) { return Symbol(Step{Op::Mul, a.position(), b.position()}); }
+Symbol operator-(Symbol a) { return Symbol(Step{Op::Neg, a.position()}); }
+
+Symbol SymbolIn::operator()(int slot) const { return Symbol(Step{Op::Input, -1, -1, slot}); }
+void SymbolOut::operator()(int slot, Symbol value) const { (void)Symbol(Step{Op::Store, value.position(), -1, slot}); }
+void SymbolOut::zero(int slot) const { (void)Symbol(Step{Op::Zero, -1, -1, slot}); }
+
+Tape record(SymbolicBody body)
+{
+    Tape tape;
+    recording = &tape;
+    body(SymbolIn{}, SymbolOut{}, Symbol(Step{Op::Scale}));
+    recording = nullptr;
+    return tape;
+}
+
+// One pass classifies every value: data (reads, sums, differences, constant products), constants,
+// the scale, scale products and their sign flips (which may only be stored) and stores.
 TapeSummary summarize(const Tape& tape, int slots)
 {
     enum Kind { Data, Constant, Scale, ScaleProduct, Negated, Stored };
     TapeSummary s;
     s.reads.assign(slots, 0);
     s.stores.assign(slots, 0);
+    s.stored.assign(slots, -1);
     std::vector<Kind> kind(tape.size());
-    std::vector<int> uses(tape.size(), 0);
+    std::vector<int> uses(tape.size(), 0), data(tape.size(), -1);  // data: what a scale product scales
     auto fault = [&](size_t i, const char* what) {
         if (s.fault.empty()) s.fault = "step " + std::to_string(i) + ": " + what;
     };
@@ -44,6 +78,7 @@ TapeSummary summarize(const Tape& tape, int slots)
             kind[i] = k == std::multiset<Kind>{Data, Scale} ? ScaleProduct : Data;
             if (kind[i] == ScaleProduct) {
                 ++s.scale_products;
+                data[i] = kind[t.a] == Data ? t.a : t.b;
             } else if (k == std::multiset<Kind>{Data, Constant}) {
                 const int c = kind[t.a] == Constant ? t.a : t.b;
                 ++s.counts[2];
@@ -56,6 +91,7 @@ TapeSummary summarize(const Tape& tape, int slots)
         }
         case Op::Neg:
             kind[i] = Negated;
+            data[i] = data[t.a];
             ++s.negations;
             if (kind[t.a] != ScaleProduct) fault(i, "a sign flip of something else than a scale product");
             break;
@@ -66,6 +102,7 @@ TapeSummary summarize(const Tape& tape, int slots)
             if (slot_ok) ++s.stores[t.slot];
             if (t.op == Op::Zero) ++s.zeros;
             else if (kind[t.a] != ScaleProduct && kind[t.a] != Negated) fault(i, "a store of something else than a scale product");
+            else if (slot_ok) s.stored[t.slot] = data[t.a];
             break;
         }
     }
