@@ -408,16 +408,17 @@ template <int M, class T>
                                    GroupOut<T> to)
 {
     constexpr int32_t G = kLine<T>;
-    // Input line j (forward, j < M/2) at in + G j, mirrored line j at
-    // in + G (3M/2 - 1 - j), each in the order of its addresses; results of
+    // Mirrored input line j (j >= M/2) at in + G (M - 1 - j), forward line j
+    // (j < M/2) at in + G (M/2 + j), each in the order of its addresses, so
+    // that both of a member's start pointers lie inside `in`; results of
     // member c: C(k) at res[2 G k + c], S(k) at res[2 G k + G + c].
     T in[M * G];
     T res[M * G];
     for (int32_t t = 0; t < count; ++t) {
         for (int32_t j = 0; j < M / 2; ++j)
-            __builtin_memcpy(in + G * j, fwd + innerStride * j, sizeof in / M);
+            __builtin_memcpy(in + G * (M / 2 + j), fwd + innerStride * j, sizeof in / M);
         for (int32_t j = M / 2; j < M; ++j)
-            __builtin_memcpy(in + G * (3 * M / 2 - 1 - j), rev - innerStride * j - (G - 1),
+            __builtin_memcpy(in + G * (M - 1 - j), rev - innerStride * j - (G - 1),
                              sizeof in / M);
         // The next sub-sequence's lines, far apart in memory for long N,
         // are asked for while this one computes.
@@ -426,7 +427,7 @@ template <int M, class T>
             __builtin_prefetch(rev - stride - innerStride * (j + M / 2) - (G - 1));
         }
         for (int32_t c = 0; c < G; ++c)
-            dct4::oddfreq_column<M>(in + c, in + G * (3 * M / 2) - 1 - c, G, res + c, 2 * G, G);
+            dct4::oddfreq_column<M>(in + G * (M / 2) + c, in + G * M - 1 - c, G, res + c, 2 * G, G);
         for (int32_t k = 0; k < M / 2; ++k) {
             const int32_t p = 2 * outerCount * k + t;
             __builtin_memcpy(to.out + to.scale * p, res + 2 * G * k, sizeof res / M);
