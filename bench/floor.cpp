@@ -23,7 +23,8 @@ std::string speed_legend(const std::string& scale_products)
            "ratio = ours / FFTW, median of per-round ratios; cycles estimated at the measured "
            "core clock; sums = additions and subtractions, products include the " +
            scale_products +
-           " products with the scale; bound = fewest cycles at the scalar peak rates, of_bound "
+           " products with the scale; bound = fewest cycles at the scalar peak rates (additions, products, and both "
+           "interleaved), of_bound "
            "= bound / cycles taken; floor = bound / scalar FFTW's cycles, the least ratio our "
            "counts allow";
 }
@@ -46,8 +47,7 @@ void floor_cells(Table& table, const Settings& s, int n, const Comparison& c, co
     if (counts) {
         const long ops = counts->operations(scale_products);
         const long products = counts->multiplications(scale_products);
-        const double bound = std::max(double(counts->sums()) / s.peak.adds_per_cycle,
-                                      double(products) / s.peak.products_per_cycle);
+        const double bound = bound_cycles(s.peak, double(counts->sums()), double(products));
         table.cell(ops);
         table.cell(double(ops) / cycles, 2);
         table.cell(counts->sums());

@@ -118,10 +118,12 @@ int main(int argc, char** argv)
         char b[512];
         std::snprintf(b, sizeof b,
                       "tsc: %.3f GHz; core clock (dependent additions): %.3f GHz\n"
-                      "scalar peak: %.2f additions or %.2f products per core cycle\n"
+                      "scalar peak: %.2f additions or %.2f products per core cycle, %.2f of both "
+                      "interleaved\n"
                       "load average at start: %.2f %.2f %.2f\n"
                       "interleaved rounds: %d, batch %.0f us%s\n",
                       s.tsc_ghz, s.core_ghz, s.peak.adds_per_cycle, s.peak.products_per_cycle,
+                      s.peak.mixed_per_cycle,
                       load[0], load[1], load[2], s.plan.rounds, s.plan.batch_ns / 1000,
                       s.quick ? " (quick: not for numbers)" : "");
         head += b;
