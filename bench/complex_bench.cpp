@@ -98,9 +98,9 @@ void bench_complex(const Settings& s)
                 join({"kind", "direction", "n"}, comparison_columns({"fftw_scalar", "fftw_simd"}),
                      floor_columns()));
     Table summary("complex_summary",
-                  "Complex DFT: ratios to FFTW by member (target against scalar FFTW: every "
-                  "size below 1 and geometric mean at most 0.6; geomean_floor: the least geometric mean "
-                  "that our counts allow at the measured peak rates)",
+                  "Complex DFT: ratios to FFTW by member (target: every size below 1 against "
+                  "scalar FFTW and geometric mean at most 0.6; " +
+                      summary_legend() + ")",
                   join({"kind", "direction"}, summary_columns(), std::vector<std::string>{"target"}));
     time_kind(s, kMembers32, manifest, table, summary);
     time_kind(s, kMembers64, manifest, table, summary);

@@ -10,6 +10,8 @@ namespace zptg::bench {
 
 double SpeedTotals::geomean_scalar() const { return std::exp(log_sum / count); }
 
+double target_ratio(double floor) { return std::max(1.0, floor / 0.85); }
+
 Manifest read_counts(const std::string& path)
 {
     Manifest m = read_manifest(path);
@@ -65,6 +67,9 @@ void floor_cells(Table& table, const Settings& s, int n, const Comparison& c, co
         totals.log_sums_ratio += std::log(double(counts->sums()) / fftw.sums());
         totals.log_floor += std::log(floor);
         totals.floors += 1;
+        totals.of_bound.push_back(100 * bound / cycles);
+        totals.under_60 += 100 * bound / cycles < 60;
+        totals.above_target += c.ratios[1] > target_ratio(floor);
     } else {
         for (int i = 0; i < 11; ++i) table.cell("?");
     }
@@ -81,7 +86,15 @@ void floor_cells(Table& table, const Settings& s, int n, const Comparison& c, co
 std::vector<std::string> summary_columns()
 {
     return {"sizes", "faster_than_scalar", "geomean_scalar", "worst_scalar", "worst_n",
-            "geomean_simd", "geomean_sums_ratio", "geomean_floor"};
+            "geomean_simd", "geomean_sums_ratio", "geomean_floor", "median_of_bound_%",
+            "under_60_%", "above_target"};
+}
+
+std::string summary_legend()
+{
+    return "geomean_floor: the least geometric mean that our counts allow at the measured peak "
+           "rates; median_of_bound_%: the median share of the bound; under_60_%: sizes under 60 % "
+           "of it; above_target: sizes slower than max(1, floor / 0.85) times scalar FFTW";
 }
 
 void summary_cells(Table& summary, const SpeedTotals& t)
@@ -95,9 +108,14 @@ void summary_cells(Table& summary, const SpeedTotals& t)
     if (t.floors > 0) {
         summary.cell(std::exp(t.log_sums_ratio / t.floors), 3);
         summary.cell(std::exp(t.log_floor / t.floors), 3);
+        std::vector<double> v = t.of_bound;
+        std::sort(v.begin(), v.end());
+        const size_t h = v.size() / 2;
+        summary.cell(v.size() % 2 ? v[h] : (v[h - 1] + v[h]) / 2, 0);
+        summary.cell(long(t.under_60));
+        summary.cell(long(t.above_target));
     } else {
-        summary.cell("?");
-        summary.cell("?");
+        for (int i = 0; i < 5; ++i) summary.cell("?");
     }
 }
 

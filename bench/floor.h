@@ -3,7 +3,11 @@
 // cycles our counts allow at the measured scalar peak (bound), the share of
 // it that the kernel reaches, and the floor: that bound over scalar FFTW's
 // cycles, the least ratio to FFTW that any schedule of our operations could
-// reach. And the per-member summary: geometric means over the sizes.
+// reach. And the per-member summary: geometric means over the sizes, and
+// how the member stands against the speed targets (the median share of the
+// bound, the sizes under 60 % of it, the sizes slower than
+// max(1, floor / 0.85) times scalar FFTW: faster than FFTW wherever 85 % of
+// the peak allows it).
 #ifndef ZPTG_BENCH_FLOOR_H
 #define ZPTG_BENCH_FLOOR_H
 
@@ -33,8 +37,13 @@ struct SpeedTotals {
     int count = 0, faster = 0;
     double worst = 0;
     int worst_n = 0;
+    std::vector<double> of_bound;  // per cent, one per size with counts
+    int under_60 = 0, above_target = 0;
     double geomean_scalar() const;
 };
+
+// The largest ratio to scalar FFTW that meets the target at this floor.
+double target_ratio(double floor);
 
 // code_bytes, ours_tsc_ticks, ours_cycles, operations, ops_per_cycle, ours_sums,
 // ours_products, fftw_sums, fftw_products, sums_ratio, bound_cycles,
@@ -58,8 +67,11 @@ Manifest read_counts(const std::string& path);
 std::string speed_legend(const std::string& scale_products);
 
 // sizes, faster_than_scalar, geomean_scalar, worst_scalar, worst_n,
-// geomean_simd, geomean_sums_ratio, geomean_floor.
+// geomean_simd, geomean_sums_ratio, geomean_floor, median_of_bound_%,
+// under_60_%, above_target.
 std::vector<std::string> summary_columns();
+// What the summary's columns beyond the ratios mean.
+std::string summary_legend();
 void summary_cells(Table& summary, const SpeedTotals& t);
 
 }  // namespace zptg::bench

@@ -130,8 +130,7 @@ void bench_hartley(const Settings& s)
                     " build): " + speed_legend("N"),
                 join({"kind", "n"}, comparison_columns({"fftw_scalar", "fftw_simd"}), floor_columns()));
     Table summary("hartley_summary",
-                  "Hartley: ratios to FFTW's DHT by kind (geomean_floor: the least geometric mean "
-                  "that our counts allow at the measured peak rates)",
+                  "Hartley: ratios to FFTW's DHT by kind (" + summary_legend() + ")",
                   join({"kind"}, summary_columns()));
     time_kind<float>(s, manifest, table, summary);
     time_kind<double>(s, manifest, table, summary);

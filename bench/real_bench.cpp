@@ -256,8 +256,7 @@ void bench_real(const Settings& s)
                 join({"kind", "direction", "layout", "n"}, comparison_columns({"fftw_scalar", "fftw_simd"}),
                      floor_columns()));
     Table summary("real_summary",
-                  "Real DFT: ratios to FFTW by member (geomean_floor: the least geometric mean "
-                  "that our counts allow at the measured peak rates)",
+                  "Real DFT: ratios to FFTW by member (" + summary_legend() + ")",
                   join({"kind", "direction", "layout"}, summary_columns()));
     time_kind<float>(s, manifest, table, summary);
     time_kind<double>(s, manifest, table, summary);
