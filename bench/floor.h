@@ -42,9 +42,6 @@ struct SpeedTotals {
     double geomean_scalar() const;
 };
 
-// The largest ratio to scalar FFTW that meets the target at this floor.
-double target_ratio(double floor);
-
 // code_bytes, ours_tsc_ticks, ours_cycles, operations, ops_per_cycle, ours_sums,
 // ours_products, fftw_sums, fftw_products, sums_ratio, bound_cycles,
 // of_bound_%, floor_ratio, rule.
