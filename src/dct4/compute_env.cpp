@@ -233,15 +233,17 @@ zptgStatus compute_env2(env2<T>* self, T* dst, const T* in)
 // they fall into a few cache sets and evict each other, and the next row
 // writes the neighbouring elements of the same lines: from a distance of
 // 2 KiB on (two first-level sets for a row's forward values) nearly every
-// store of the stage misses. So the rows may go in blocks of B, two cache
-// lines of outputs (blocks of one line took 3 to 10 % longer from N = 2^19
-// on, the same time below, on an AMD EPYC). A block is the row stage of a
-// transform of length N' = 2DB: compute_env2 runs on a copy of the record
-// with rows B, inner m' = 2B and reflectBase 2N' - 1, from the block's rows
-// of input and table into a buffer laid out like dst (8 KiB), and each run
-// of B values then goes out whole. The loop and bodies are those of every other call, so each value is
-// formed by the same code. Only for N = K: for N = K + 1 two rows write some
-// elements alike, and the row order decides which value stands.
+// store of the stage misses. So the rows may go in blocks of B, four cache
+// lines of outputs (on an AMD EPYC of family 25: one line took 3 to 10 %
+// longer than two from N = 2^19 on, two took 2 to 4 % longer than four
+// from 2^15 on, eight 2 to 6 % longer than four). A block is the row stage
+// of a transform of length N' = 2DB: compute_env2 runs on a copy of the
+// record with rows B, inner m' = 2B and reflectBase 2N' - 1, from the
+// block's rows of input and table into a buffer laid out like dst
+// (16 KiB), and each run of B values then goes out whole. The loop and
+// bodies are those of every other call, so each value is formed by the
+// same code. Only for N = K: for N = K + 1 two rows write some elements
+// alike, and the row order decides which value stands.
 //
 // Where it pays, by the distance between a row's values in bytes (measured,
 // root rows alone): with SSE arithmetic from 2 KiB on (N = 2^14 32f, 2^13
@@ -261,7 +263,7 @@ constexpr int64_t kBlockedRowsFromBytes = INT64_MAX;
 template <class T>
 zptgStatus compute_env2_blocked(env2<T>* self, T* dst, const T* in)
 {
-    constexpr int32_t B = 128 / sizeof(T);
+    constexpr int32_t B = 256 / sizeof(T);
     const int32_t rule = self->rule;
     const int32_t m = self->inner;
     const int32_t rows = self->rows;
@@ -390,7 +392,7 @@ zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
 // lies apart from src; otherwise on the stack if they fit kGroupStackBytes.
 // The stack also holds the copy buffers of one level at a time (two of at
 // most 4 KiB for the leaves, one for the rows): with the scratches about
-// 39 KiB at most (GCC 12), and the root rows' own buffer (8 KiB) later.
+// 39 KiB at most (GCC 12), and the root rows' own buffer (16 KiB) later.
 //
 // The groups' copies cost about as much as they save while a column's lines
 // fit the first-level data cache (N = 2^12: the same time either way on an
