@@ -114,10 +114,7 @@ void summary_cells(Table& summary, const SpeedTotals& t)
     if (t.floors > 0) {
         summary.cell(std::exp(t.log_sums_ratio / t.floors), 3);
         summary.cell(std::exp(t.log_floor / t.floors), 3);
-        std::vector<double> v = t.of_bound;
-        std::sort(v.begin(), v.end());
-        const size_t h = v.size() / 2;
-        summary.cell(v.size() % 2 ? v[h] : (v[h - 1] + v[h]) / 2, 0);
+        summary.cell(median(t.of_bound), 0);
         summary.cell(long(t.under_60));
         summary.cell(long(t.above_target));
     } else {

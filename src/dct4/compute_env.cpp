@@ -112,6 +112,11 @@ zptgStatus oddfreq_by_rule(int32_t rule, const T* fwd, const T* rev, int32_t str
     return planned ? zptgStatusOk : zptgStatusNotPlanned;
 }
 
+// Elements of one cache line (also the size of a group of root columns,
+// further down).
+template <class T>
+constexpr int32_t kLine = 64 / static_cast<int32_t>(sizeof(T));
+
 // The root's rows read their input and their table in order, 2D values of
 // each per row, and the stage runs at the rate these arrive once they come
 // from beyond the second-level cache. With SSE arithmetic each row asks for
@@ -135,13 +140,12 @@ template <int D, class T>
                                    int32_t reflectBase, T* dst)
 {
     constexpr int32_t ahead = kRowsPrefetchBytes / int32_t(sizeof(T));
-    constexpr int32_t line = 64 / int32_t(sizeof(T));
     T* fwd = dst;
     T* rev = dst + (reflectBase - D * m);
     for (int32_t k = 0; k < rows; ++k) {
         if constexpr (ahead > 0) {
             // Requests never fault, also past the arrays' ends.
-            for (int32_t p = 0; p < 2 * D; p += line) {
+            for (int32_t p = 0; p < 2 * D; p += kLine<T>) {
                 __builtin_prefetch(in + ahead + p);
                 __builtin_prefetch(table + ahead + p);
             }
@@ -398,10 +402,6 @@ zptgStatus compute_env6(env6<T>* self, T* out, const T* in, int32_t column)
 // fit the first-level data cache (N = 2^12: the same time either way on an
 // AMD EPYC of family 25, 32 KiB per core); the columns go in groups from
 // kGroupFromBytes of a column's lines on (N = 2^13, both kinds).
-
-// Elements of one cache line: the group size.
-template <class T>
-constexpr int32_t kLine = 64 / static_cast<int32_t>(sizeof(T));
 
 // Scratches of an in-place transform on the stack: at most this many bytes.
 constexpr int32_t kGroupStackBytes = 32768;
