@@ -256,8 +256,10 @@ zptgStatus compute_env2(env2<T>* self, T* dst, const T* in)
 // (family 25) the blocks take 0.6 of the plain loop's time at 256 and 512
 // KiB (N = 2^20 64f, 2^21 32f; 2^21 64f 0.75), while an earlier run on the
 // Xeon found them slower at 256 KiB. With x87 arithmetic the rows are slow
-// enough to hide their misses, and the blocks are faster at no length
-// (slower by 10 to 20 % in 64f, and in 32f from N = 2^17 on): not used.
+// enough to hide most of their misses, and the vendors disagree: on the
+// Xeon the blocks were slower (by 10 to 20 % in 64f, and in 32f from
+// N = 2^17 on), on the EPYC they are faster from 32 KiB (by 3 to 18 % at
+// N = 2^17..2^20). Not used until one distance serves both.
 #if defined(__SSE2_MATH__)
 constexpr int64_t kBlockedRowsFromBytes = 2048;
 #else
