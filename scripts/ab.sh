@@ -64,7 +64,7 @@ awk -v l="$line" -v r="$replacement" '{
 }' "$target" > "$work/replaced"
 mv "$work/replaced" "$target"
 echo "=== $configuration: building the variant ($file: $replacement)"
-cmake -S "$work/tree" -B "$work/build" -DZPTG_TARGET="$configuration" -DZPTG_TESTS=OFF -DZPTG_BENCH=ON >/dev/null
+ZPTG_SOURCE=$work/tree zptg_configure_bench "$work/build" "$configuration"
 cmake --build "$work/build" -j "$ZPTG_JOBS" --target zptgenpx >/dev/null
 echo "=== $configuration: variant / library (uptime: $(uptime | sed 's/.*load/load/'))"
 "$ab" "$library" "$work/build/src/libzptgenpx.so.6.1" "$@"

@@ -49,7 +49,7 @@ build() {
     local name=$1 target=$2
     local dir=$root/bench-$name
     echo "=== $name: configure and build"
-    zptg_configure "$dir" -DZPTG_TARGET="$target" -DZPTG_TESTS=OFF -DZPTG_BENCH=ON
+    zptg_configure_bench "$dir" "$target"
     cmake --build "$dir" -j "$ZPTG_JOBS" --target zptg_bench
 }
 if wants i386; then build i386 i386; fi

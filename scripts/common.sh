@@ -43,9 +43,16 @@ zptg_probe_i386() {
     rm -rf "$dir"
 }
 
-# zptg_configure <build dir> <cmake args>...: configures a build tree.
+# zptg_configure <build dir> <cmake args>...: configures a build tree of
+# this source tree, or of the one in ZPTG_SOURCE.
 zptg_configure() {
     local dir=$1
     shift
-    cmake -S "$ZPTG_ROOT" -B "$dir" "$@" >/dev/null
+    cmake -S "${ZPTG_SOURCE:-$ZPTG_ROOT}" -B "$dir" "$@" >/dev/null
+}
+
+# zptg_configure_bench <build dir> <i386|native>: a benchmark build tree
+# (scripts/bench.sh, and the variants that scripts/ab.sh times against it).
+zptg_configure_bench() {
+    zptg_configure "$1" -DZPTG_TARGET="$2" -DZPTG_TESTS=OFF -DZPTG_BENCH=ON
 }
